@@ -1,0 +1,26 @@
+// The program's entry: flush-to-zero, the initialisation, the main window, the loop.
+#include <QApplication>
+#include <QDir>
+#include <xmmintrin.h>
+
+#include "app/app_state.h"
+#include "app/startup.h"
+#include "ui/main_window.h"
+
+int main(int argc, char** argv) {
+    // Denormals in the integrator would only cost time; the program runs with them flushed.
+    _mm_setcsr(_mm_getcsr() | 0x8000);
+
+    // The program folder is the directory the process was started in.
+    const std::string programFolder = QDir::currentPath().toStdString();
+    QApplication app(argc, argv);
+
+    static orvane::AppState state;
+    orvane::StartupReport report = orvane::InitialiseProgram(state, programFolder);
+    orvane::PrepareCatalogue(state, report);
+
+    orvane::MainApp window(state);
+    window.showAtStoredPlacement();
+    app.exec();
+    return 0;
+}
