@@ -293,6 +293,16 @@ TEST_F(LoadLanguageTest, TenMegabyteLinesAreCutAndSkipped) {
     expectDefaultsExcept({{Section::orvMenu, 6}, {Section::orvMenu, 7}});
 }
 
+TEST_F(LoadLanguageTest, OnlyTheFirst32MebibytesOfAFileAreRead) {
+    std::string bytes = "[orvTab]\n1=Early\n;";
+    bytes += std::string(kMaxLanguageFileBytes - bytes.size() - 1, 'p');
+    bytes += "\n2=Late\n";
+    ASSERT_GT(bytes.size(), kMaxLanguageFileBytes);
+    EXPECT_EQ(load(bytes), LanguageLoad::fileRead);
+    EXPECT_EQ(table_.text(Section::orvTab, 1), "Early");
+    EXPECT_EQ(table_.text(Section::orvTab, 2), "Orbits");
+}
+
 TEST_F(LoadLanguageTest, ThousandsOfSectionsAndKeys) {
     std::string bytes;
     for (int s = 0; s < 5000; ++s) {
