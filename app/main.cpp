@@ -5,6 +5,7 @@
 
 #include "app/app_state.h"
 #include "app/startup.h"
+#include "ui/echeck_window.h"
 #include "ui/main_window.h"
 
 int main(int argc, char** argv) {
@@ -17,6 +18,9 @@ int main(int argc, char** argv) {
 
     static orvane::AppState state;
     orvane::StartupReport report = orvane::InitialiseProgram(state, programFolder);
+    // Without a planetary file the program cannot compute; it asks for one first and
+    // ends when the user leaves without it.
+    if (!orvane::RunEphemerisCheck(state)) return 0;
     orvane::PrepareCatalogue(state, report);
 
     orvane::MainApp window(state);
