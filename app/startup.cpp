@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "app/config_file.h"
+#include "ui/language/load_language.h"
 
 namespace orvane {
 namespace fs = std::filesystem;
@@ -84,6 +85,10 @@ StartupReport InitialiseProgram(AppState& state, const std::string& programFolde
     RepairConfigValues(state);
     DeriveObserver(state);
     SettleEphemeris(state);
+
+    // The English defaults first, then the chosen language file over them.
+    ResetLanguage();
+    LoadLanguage(state.folders.languageFolder, state.languageName);
     return report;
 }
 

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "app/config_file.h"
+#include "ui/language/language_table.h"
 #include "support/temp_home.h"
 
 using namespace orvane;
@@ -176,4 +177,20 @@ TEST_F(EphemerisSettle, DeadDownloadWithTheOtherFilePresentSwitchesToIt) {
     EXPECT_TRUE(fs::exists(s.folders.de423Path));
     EXPECT_EQ(s.ephemerisMissing, 0);
     EXPECT_EQ(s.ephemerisChoice, 2);
+}
+
+TEST(Startup, ChosenLanguageFileOverlaysTheDefaults) {
+    TempHome home;
+    fs::create_directories(home.root() / "Languages");
+    writeFile(home.root() / "Languages" / "Test.lng", "[orvTab]\r\n1=Anfangsseite\r\n");
+    Started first = start(home);
+    EXPECT_EQ(text(Section::orvTab, 1), "Start Page");
+    first.state.languageName = "Test.lng";
+    ASSERT_TRUE(SaveSettings(first.state));
+
+    Started second = start(home);
+    EXPECT_EQ(second.state.languageName, "Test.lng");
+    EXPECT_EQ(text(Section::orvTab, 1), "Anfangsseite");
+    EXPECT_EQ(text(Section::orvTab, 2), "Orbits");
+    ResetLanguage();
 }
