@@ -6,6 +6,8 @@
 #include <string>
 
 #include "app/folders.h"
+#include "catalogue/brief_info.h"
+#include "catalogue/column_tables.h"
 
 namespace orvane {
 
@@ -108,6 +110,8 @@ struct AppState {
     int catalogueVersion = 0;                      // parameter 1
     int updateId = 0;                              // parameter 4
     int updatePrevId = 0;                          // parameter 5
+    ColumnTables columnTables;                     // built once, before the first query
+    BriefInfo briefInfo;                           // the start page's numbers and newest records
     int ephemerisMissing = 0;
     double longitudeDegrees = 0;                   // signed decimal degrees, east positive, 0..360
     double latitudeDegrees = 0;                    // north positive

@@ -15,7 +15,6 @@ namespace {
 static_assert(std::endian::native == std::endian::little,
               "config.dat is little-endian; add byte swapping for this machine");
 
-constexpr std::size_t kLanguageWidth = 100;
 constexpr std::size_t kSaveFolderWidth = 500;
 
 // Visits every record in order with its number and its field. The record table lives
@@ -76,7 +75,7 @@ void VisitRecords(State& s, Visitor&& v) {
     v.i4(104, s.filterLastUpdate);
     v.i4(105, s.showErrors);
     v.i4(106, s.outputDetailsOpen);
-    v.text(107, s.languageName, kLanguageWidth);
+    v.text(107, s.languageName, kLanguageNameWidth);
     v.i4(108, s.longitudeDeg);
     v.i4(109, s.longitudeMin);
     v.r8(110, s.longitudeSec);
@@ -205,7 +204,7 @@ bool ReadConfigVersion(const std::string& path, float& version) {
 bool WriteLanguageRecord(const std::string& path, const std::string& languageName) {
     std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
     if (!file) return false;
-    const std::string field = padTo(languageName, kLanguageWidth);
+    const std::string field = padTo(languageName, kLanguageNameWidth);
     file.seekp(static_cast<std::streamoff>(offsetOf(107)));
     file.write(field.data(), static_cast<std::streamsize>(field.size()));
     return static_cast<bool>(file);

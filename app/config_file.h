@@ -8,6 +8,9 @@
 
 namespace orvane {
 
+// Width of the text record 107, the language file name.
+inline constexpr std::size_t kLanguageNameWidth = 100;
+
 // Writes all 134 records; false when the file cannot be written.
 bool WriteConfigFile(const std::string& path, const AppState& state);
 

@@ -5,6 +5,10 @@
 #include <system_error>
 
 #include "app/config_file.h"
+#include "base/fixed_text.h"
+#include "base/list_directed.h"
+#include "catalogue/schema.h"
+#include "catalogue/sql_layer.h"
 #include "ui/language/load_language.h"
 
 namespace orvane {
@@ -35,8 +39,6 @@ bool createUserFolder(const std::string& userFolder) {
     return fs::create_directory(folder, ec);
 }
 
-void createCatalogue(StartupReport& report);
-
 void settleConfigFile(StartupReport& report) {
     if (!exists(kConfigFile)) {
         CreateDefaultConfigFile(kConfigFile);
@@ -53,8 +55,44 @@ void settleConfigFile(StartupReport& report) {
     }
 }
 
-void createCatalogue(StartupReport& report) {
-    report.catalogueCreated = true;
+void makeCatalogue(StartupReport& report) {
+    report.catalogueCreated = orvane::createCatalogue(kCatalogueFile) == 0;
+}
+
+// orvane.ini names the language file for the next starts: one list-directed item
+// of its first line (the first token, or a quoted text) into a field of 100. It is
+// read once and deleted.
+void takeLanguageFromIni(StartupReport& report) {
+    if (!exists(kIniFile)) return;
+    std::string firstLine;
+    {
+        std::ifstream in(kIniFile, std::ios::binary);
+        std::getline(in, firstLine);
+        // A hostile file may hold no line end at all; the name is never that long.
+        if (firstLine.size() > 4096) firstLine.resize(4096);
+    }
+    removeQuietly(kIniFile);
+    std::string name;
+    ListReader reader(firstLine);
+    const ListStatus status = reader.read(ListTarget::text(name, kLanguageNameWidth));
+    if (listFailed(status) || status == ListStatus::EndOfList || isBlank(name)) return;
+    report.languageFromIni = WriteLanguageRecord(kConfigFile, std::string(trimRight(name)));
+}
+
+// Rows 1, 4 and 5 of the parameters are numbers, read from their texts.
+int parameterNumber(const std::string& text) {
+    std::int32_t value = 0;
+    ListReader reader(text);
+    return listFailed(reader.read(ListTarget::integer(value))) ? 0 : value;
+}
+
+void migrateView(const std::string& path) {
+    CatalogueDb db;
+    sql::open(path, db);
+    sql::execute(db, "DROP VIEW e_elements;");
+    sql::execute(db, kViewStatement);
+    sql::execute(db, "UPDATE parameters SET value = '2' WHERE name = 'version';");
+    sql::close(db);
 }
 
 }  // namespace
@@ -70,11 +108,12 @@ StartupReport InitialiseProgram(AppState& state, const std::string& programFolde
     if (report.firstRun) {
         CreateDefaultConfigFile(kConfigFile);
         report.configRecreated = true;
-        createCatalogue(report);
+        makeCatalogue(report);
         fs::create_directories(state.folders.commonFolder, ec);
     } else {
         settleConfigFile(report);
-        if (!exists(kCatalogueFile)) createCatalogue(report);
+        if (!exists(kCatalogueFile)) makeCatalogue(report);
+        takeLanguageFromIni(report);
         removeQuietly("setup.exe");
         removeQuietly("update.lst");
         removeQuietly("update.csv");
@@ -92,7 +131,22 @@ StartupReport InitialiseProgram(AppState& state, const std::string& programFolde
     return report;
 }
 
-void PrepareCatalogue(AppState&, StartupReport&) {}
+void PrepareCatalogue(AppState& state, StartupReport& report) {
+    const std::string path = state.folders.userFolder + kCatalogueFile;
+    state.columnTables = buildColumnTables();
+    const CatalogueParameters parameters = readParameters(path, state.columnTables);
+    for (std::size_t k = 0; k < 5; ++k) state.parameterText[k] = std::string(trimBoth(parameters.values[k]));
+    state.catalogueVersion = parameterNumber(parameters.values[0]);
+    state.updateId = parameterNumber(parameters.values[3]);
+    state.updatePrevId = parameterNumber(parameters.values[4]);
+    // The one migration there ever was: version 1 had another view. It runs before
+    // anything reads the view.
+    if (state.catalogueVersion == 1) {
+        migrateView(path);
+        report.viewMigrated = true;
+    }
+    state.briefInfo = refreshBriefInfo(path, state.columnTables);
+}
 
 void DeriveObserver(AppState& s) {
     s.latitudeDegrees = s.latitudeDeg + s.latitudeMin / 60.0 + s.latitudeSec / 3600.0;
