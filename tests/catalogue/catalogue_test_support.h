@@ -73,15 +73,32 @@ inline int insertElement(CatalogueDb& db, const Fields& fields) {
     return sql::execute(db, "INSERT INTO elements(" + names + ") VALUES(" + values + ");");
 }
 
-// A new catalogue file in a temporary home, open on `db`.
+// A new catalogue file in a temporary home, open on `db`. The schema is made once
+// per suite and copied, and the test connection does not wait for the disk: the
+// tests are about what SQLite computes, not about durability.
 class CatalogueTest : public ::testing::Test {
 protected:
+    static void SetUpTestSuite() {
+        templateHome = new TempHome();
+        templatePath = templateHome->root() / "template.db";
+        ASSERT_EQ(createCatalogue(templatePath.string()), SQLITE_OK);
+    }
+    static void TearDownTestSuite() {
+        delete templateHome;
+        templateHome = nullptr;
+    }
+
     void SetUp() override {
+        ASSERT_NE(templateHome, nullptr);
         path = (home.root() / "orvane.db").string();
-        ASSERT_EQ(createCatalogue(path), SQLITE_OK);
+        std::filesystem::copy_file(templatePath, path);
         ASSERT_EQ(sql::open(path, db), SQLITE_OK);
+        ASSERT_EQ(sql::execute(db, "PRAGMA synchronous = OFF"), SQLITE_OK);
     }
     void TearDown() override { sql::close(db); }
+
+    static inline TempHome* templateHome = nullptr;
+    static inline std::filesystem::path templatePath;
 
     SqlValue value(const std::string& expression) { return evaluate(db.handle, expression); }
 
