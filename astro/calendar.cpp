@@ -93,9 +93,14 @@ DayTime SplitDayFraction(double fraction) {
 
 std::string TwoColumnsZeroFilled(int value) {
     if (value > 99 || value < -9) return "**";
-    if (value < 0) return "-" + std::to_string(-value);
-    std::string text = std::to_string(value);
-    if (text.size() == 1) text.insert(text.begin(), '0');
+    std::string text(2, '0');
+    if (value < 0) {
+        text[0] = '-';
+        text[1] = static_cast<char>('0' - value);
+    } else {
+        text[0] = static_cast<char>('0' + value / 10);
+        text[1] = static_cast<char>('0' + value % 10);
+    }
     return text;
 }
 

@@ -187,7 +187,9 @@ TEST(Calendar, TwoColumnsReplaceLeadingBlankWithZero) {
     EXPECT_EQ(TwoColumnsZeroFilled(0), "00");
     EXPECT_EQ(TwoColumnsZeroFilled(7), "07");
     EXPECT_EQ(TwoColumnsZeroFilled(23), "23");
+    EXPECT_EQ(TwoColumnsZeroFilled(-5), "-5");
     EXPECT_EQ(TwoColumnsZeroFilled(100), "**");
+    EXPECT_EQ(TwoColumnsZeroFilled(-10), "**");
 }
 
 TEST(Calendar, HostileValuesGiveNumbersNotCrashes) {
