@@ -10,6 +10,7 @@
 
 #include "astro/nutation.h"
 #include "astro/observatories.h"
+#include "astro/timescales.h"
 #include "support/temp_home.h"
 
 namespace orvane {
@@ -115,6 +116,26 @@ TEST(ObserverState, PlaceAndVelocityOnTheEquatorOfDate) {
     EXPECT_EQ(s.vz, 0.0);
     // 0.5 Earth radii turning once a sidereal day: about 0.232 km/s.
     EXPECT_NEAR(std::hypot(s.vx, s.vy) * 149597870.691 / 86400.0, 0.2327, 1e-3);
+}
+
+// A geocentric observer has rho cos phi' = rho sin phi' = 0: its place is the origin at
+// any UT, so the Delta T that turned TT into UT cannot change a geocentric result.
+TEST(ObserverState, GeocentreIgnoresDeltaT) {
+    for (double jd : {2378480.5, 2446895.5, 2456000.5}) {
+        const double ut = TerrestrialToUniversal(jd);
+        for (double shift : {0.0, 66.7 / 86400.0, -120.0 / 86400.0}) {
+            const StateVector s = ObserverState(ut + shift, 30.3274, 0.0, 0.0);
+            EXPECT_EQ(s.x, 0.0);
+            EXPECT_EQ(s.y, 0.0);
+            EXPECT_EQ(s.z, 0.0);
+            EXPECT_EQ(s.vx, 0.0);
+            EXPECT_EQ(s.vy, 0.0);
+        }
+    }
+    // A surface observer does move with it: 66.7 s of rotation at 0.5 Earth radii.
+    const StateVector a = ObserverState(2456000.5, 0.0, 0.5, 0.8);
+    const StateVector b = ObserverState(2456000.5 + 66.7 / 86400.0, 0.0, 0.5, 0.8);
+    EXPECT_GT(std::hypot(a.x - b.x, a.y - b.y) * 149597870691.0, 15000.0);
 }
 
 // ---- Station coordinates -------------------------------------------------------------
