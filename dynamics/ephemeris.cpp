@@ -102,6 +102,19 @@ EphemerisStatus Ephemeris::OpenEphemerisFile(const std::filesystem::path& path) 
         constants_[static_cast<std::size_t>(i)] = LittleEndianDouble(constants.data() + 8 * i);
     }
 
+    // The first data record must begin with the header's start and span: a
+    // record length read wrongly from the layout shows here, not as planets
+    // in the wrong place.
+    unsigned char dates[16];
+    file_.seekg(static_cast<std::streamoff>(2 * recordBytes));
+    if (!file_.read(reinterpret_cast<char*>(dates), sizeof dates)) {
+        return fail(EphemerisStatus::Truncated);
+    }
+    if (LittleEndianDouble(dates) != header.ss[0] ||
+        LittleEndianDouble(dates + 8) != header.ss[0] + header.ss[2]) {
+        return fail(EphemerisStatus::BadHeader);
+    }
+
     header_ = header;
     recordDoubles_ = recordDoubles;
     recordCount_ = records;

@@ -174,6 +174,21 @@ TEST_F(HostileFile, ARecordLongerThanTheFileClaimsIsTruncated) {
     EXPECT_EQ(Open(bytes), EphemerisStatus::Truncated);
 }
 
+TEST_F(HostileFile, AFirstRecordThatDoesNotStartAtTheHeadersStartIsRefused) {
+    // Records of 736 doubles under a header whose layout makes 728: the first
+    // record's dates are not where the layout puts them.
+    orvane::testing::SyntheticEphemeris longer = De406Layout(4);
+    longer.recordDoubles = 736;
+    EXPECT_EQ(Open(BuildEphemerisFile(longer)), EphemerisStatus::BadHeader);
+
+    std::string bytes = Good();
+    PutDouble(bytes, 2 * 728 * 8, 2451537.5);  // first record starts a day late
+    EXPECT_EQ(Open(bytes), EphemerisStatus::BadHeader);
+    bytes = Good();
+    PutDouble(bytes, 2 * 728 * 8 + 8, 2451536.5 + 32.0);  // and ends after 32 days
+    EXPECT_EQ(Open(bytes), EphemerisStatus::BadHeader);
+}
+
 TEST_F(HostileFile, AFailedOpenClosesTheFileOpenedBefore) {
     const auto good = home.root() / "good.dat";
     const auto bad = home.root() / "bad.dat";
@@ -191,7 +206,10 @@ TEST_F(HostileFile, AFailedOpenClosesTheFileOpenedBefore) {
 
 TEST_F(HostileFile, DataRecordsFullOfNanGiveNanStatesNotACrash) {
     std::string bytes = Good();
-    for (std::size_t i = 2 * 728 * 8; i + 8 <= bytes.size(); i += 8) PutDouble(bytes, i, kNan);
+    // Every coefficient NaN; the dates of the records stay.
+    for (std::size_t record = 2; record < 6; ++record) {
+        for (std::size_t i = 2; i < 728; ++i) PutDouble(bytes, (record * 728 + i) * 8, kNan);
+    }
     const auto path = home.root() / "nan.dat";
     orvane::testing::writeFile(path, bytes);
     Ephemeris eph;
