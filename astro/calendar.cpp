@@ -56,7 +56,13 @@ CalendarDate JulianToCalendar(JulianDate jd) {
 
     double w;
     if (jd >= kGregorianReform) {
-        w = jd - 38.0 + 1401.5 + std::trunc(std::trunc((jd + 68569.0) / 36524.25) * 3.0 * 0.25);
+        // The count of Gregorian centuries is taken from the day number (the whole day
+        // that holds the instant, counted from noon), so that it steps at midnight of
+        // March 1 in the century years. Counted from the instant itself it would step at
+        // 0h, 6h, 12h or 18h and give back "February 29" of 1800, 1900, 2200 ... or
+        // March 1 for the end of February 28 of 2100.
+        const double dayNumber = std::trunc(jd + 0.5);
+        w = jd - 38.0 + 1401.5 + std::trunc(std::trunc((dayNumber + 68569.0) / 36524.25) * 3.0 * 0.25);
     } else {
         w = 1401.5 + jd;
     }
