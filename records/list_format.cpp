@@ -83,8 +83,14 @@ ListReadResult walkRecords(std::string_view text, Store&& store) {
     while (!reader.atEnd()) {
         scratch.blankAll();
         const int firstLine = reader.lineNumber();
+        const std::size_t firstByte = reader.position();
         const ListResult read = readList(reader, scratch.targets);
-        if (read.status == ListStatus::EndOfText && read.itemsRead == 0) break;
+        // Only blanks and empty lines left end the text; anything else that gives
+        // no item (a quote that never closes) is a fault.
+        if (read.status == ListStatus::EndOfText && read.itemsRead == 0 &&
+            text.find_first_not_of(" \t\r\n", firstByte) == std::string_view::npos) {
+            break;
+        }
         if (listFailed(read.status)) {
             result.status = ListReadStatus::MissingItems;
             result.line = firstLine;
