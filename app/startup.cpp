@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "app/config_file.h"
+#include "astro/observatories.h"
 #include "base/fixed_text.h"
 #include "base/list_directed.h"
 #include "catalogue/schema.h"
@@ -149,10 +150,21 @@ void PrepareCatalogue(AppState& state, StartupReport& report) {
 }
 
 void DeriveObserver(AppState& s) {
-    s.latitudeDegrees = s.latitudeDeg + s.latitudeMin / 60.0 + s.latitudeSec / 3600.0;
-    if (s.latitudeSouth == 1) s.latitudeDegrees = -s.latitudeDegrees;
-    s.longitudeDegrees = s.longitudeDeg + s.longitudeMin / 60.0 + s.longitudeSec / 3600.0;
-    if (s.longitudeWest == 1) s.longitudeDegrees = 360.0 - s.longitudeDegrees;
+    ObserverSettings settings;
+    settings.latitudeDeg = s.latitudeDeg;
+    settings.latitudeMin = s.latitudeMin;
+    settings.latitudeSec = s.latitudeSec;
+    settings.latitudeSouth = s.latitudeSouth;
+    settings.longitudeDeg = s.longitudeDeg;
+    settings.longitudeMin = s.longitudeMin;
+    settings.longitudeSec = s.longitudeSec;
+    settings.longitudeWest = s.longitudeWest;
+    settings.altitude = s.altitude;
+    const ObserverPlace place = orvane::DeriveObserver(settings);
+    s.latitudeDegrees = place.latitudeDegrees;
+    s.longitudeDegrees = place.longitudeDegrees;
+    s.observerRhoCos = place.rhoCos;
+    s.observerRhoSin = place.rhoSin;
 }
 
 void SettleEphemeris(AppState& s) {

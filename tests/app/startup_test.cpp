@@ -127,6 +127,15 @@ TEST(Startup, ObserverDegreesFromTheSettings) {
     EXPECT_NEAR(s.longitudeDegrees, 360.0 - (30 + 19 / 60.0 + 38.64 / 3600.0), 1e-13);
 }
 
+// The default observer is the Pulkovo observatory; its geocentric place in the MPC list
+// of observatory codes (code 084) is rho cos phi' = 0.50471, rho sin phi' = +0.86041.
+TEST(Startup, DefaultObserverIsPulkovoInEarthRadii) {
+    AppState s;
+    DeriveObserver(s);
+    EXPECT_NEAR(s.observerRhoCos, 0.50471, 5e-6);
+    EXPECT_NEAR(s.observerRhoSin, 0.86041, 5e-6);
+}
+
 class EphemerisSettle : public ::testing::Test {
 protected:
     TempHome home;
