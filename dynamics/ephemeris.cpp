@@ -212,6 +212,37 @@ EphemerisStatus Ephemeris::SeriesStates(double t1, double t2, const SeriesFlags&
     return status;
 }
 
+void Ephemeris::MarkBody(int body, int order, SeriesFlags& flags) {
+    auto mark = [&](std::size_t series) { flags[series] = std::max(flags[series], order); };
+    // The Earth and the Moon are made from the barycentre's series and the
+    // geocentric Moon, so either needs both.
+    if (body <= 10) mark(static_cast<std::size_t>(body - 1));
+    if (body == kMoon) mark(kEmbSeries);
+    if (body == kEarth) mark(kMoonSeries);
+    if (body == kEarthMoonBarycentre) mark(kEmbSeries);
+}
+
+void Ephemeris::ResolveBodies(const SeriesFlags& flags, bool earthAndMoon,
+                              std::array<State9, 14>& pv) const {
+    // Slot 3 starts as the Earth-Moon barycentre's series and slot 10 as the
+    // geocentric Moon.
+    for (std::size_t i = 0; i < 10; ++i) pv[i + 1] = series_.body[i];
+    pv[kSun] = series_.sun;
+    pv[kSolarSystemBarycentre].fill(0.0);
+    pv[kEarthMoonBarycentre] = pv[kEarth];
+    if (earthAndMoon) {
+        // The geocentric Moon directly: the Earth is the origin.
+        pv[kEarth].fill(0.0);
+        return;
+    }
+    if (flags[kEmbSeries] != 0) {
+        for (std::size_t k = 0; k < 9; ++k) pv[kEarth][k] -= pv[kMoon][k] / (1.0 + header_.emrat);
+    }
+    if (flags[kMoonSeries] != 0) {
+        for (std::size_t k = 0; k < 9; ++k) pv[kMoon][k] += pv[kEarth][k];
+    }
+}
+
 EphemerisStatus Ephemeris::RelativeState(double jd, int target, int centre, State9& out) {
     out.fill(0.0);
     if (!ValidBody(target) || !ValidBody(centre)) return EphemerisStatus::InvalidBody;
@@ -219,65 +250,49 @@ EphemerisStatus Ephemeris::RelativeState(double jd, int target, int centre, Stat
     if (!open_) return EphemerisStatus::NotOpen;
 
     SeriesFlags flags{};
-    // The Earth and the Moon are made from the barycentre's series and the
-    // geocentric Moon, so either needs both.
-    constexpr std::size_t kEmbSeries = kEarth - 1;
-    constexpr std::size_t kMoonSeries = kMoon - 1;
-    for (const int body : {target, centre}) {
-        if (body <= 10) flags[static_cast<std::size_t>(body - 1)] = 3;
-        if (body == kMoon) flags[kEmbSeries] = 3;
-        if (body == kEarth) flags[kMoonSeries] = 3;
-        if (body == kEarthMoonBarycentre) flags[kEmbSeries] = 3;
-    }
+    MarkBody(target, 3, flags);
+    MarkBody(centre, 3, flags);
     const EphemerisStatus status = SeriesStates(jd, 0.0, flags, SeriesFrame::Barycentric);
-    if (status == EphemerisStatus::NotOpen) return status;
 
-    // Barycentric states by body number; slot 3 holds the Earth-Moon
-    // barycentre's series and slot 10 the geocentric Moon until resolved.
     std::array<State9, 14> pv{};
-    for (std::size_t i = 0; i < 10; ++i) pv[i + 1] = series_.body[i];
-    if (target == kSun || centre == kSun) pv[kSun] = series_.sun;
-    if (target == kEarthMoonBarycentre || centre == kEarthMoonBarycentre) {
-        pv[kEarthMoonBarycentre] = pv[kEarth];
-    }
-
-    const bool earthAndMoon = target + centre == 13 && target * centre == 30;
-    if (earthAndMoon) {
-        // The geocentric Moon directly: the Earth is the origin.
-        pv[kEarth].fill(0.0);
-    } else {
-        if (flags[kEmbSeries] != 0) {
-            for (std::size_t k = 0; k < 9; ++k) {
-                pv[kEarth][k] -= pv[kMoon][k] / (1.0 + header_.emrat);
-            }
-        }
-        if (flags[kMoonSeries] != 0) {
-            for (std::size_t k = 0; k < 9; ++k) pv[kMoon][k] += pv[kEarth][k];
-        }
-    }
+    ResolveBodies(flags, target + centre == 13 && target * centre == 30, pv);
     for (std::size_t k = 0; k < 9; ++k) {
         out[k] = pv[static_cast<std::size_t>(target)][k] - pv[static_cast<std::size_t>(centre)][k];
     }
     return status;
 }
 
+// One evaluation of every flagged series serves all bodies: each state is
+// the one RelativeState(jd, body, 11) gives, value for value, since the
+// series and the Earth and Moon rules are the same.
 EphemerisStatus Ephemeris::BodyStates(double jd, BodyStatesResult& out) {
     if (!open_) return EphemerisStatus::NotOpen;
-    EphemerisStatus worst = EphemerisStatus::Ok;
+    SeriesFlags flags{};
+    bool any = false;
+    for (int body = 1; body <= 13; ++body) {
+        const int flag = std::clamp(requestFlags_[static_cast<std::size_t>(body - 1)], 0, 3);
+        if (flag == 0) continue;
+        MarkBody(body, flag, flags);
+        any = true;
+    }
+    if (!any) return EphemerisStatus::Ok;
+    const EphemerisStatus status = SeriesStates(jd, 0.0, flags, SeriesFrame::Barycentric);
+
+    std::array<State9, 14> pv{};
+    ResolveBodies(flags, false, pv);
+    const State9& sun = pv[kSun];
     for (int body = 1; body <= 13; ++body) {
         const auto i = static_cast<std::size_t>(body - 1);
-        const int flag = requestFlags_[i];
+        const int flag = std::clamp(requestFlags_[i], 0, 3);
         if (flag == 0) continue;
-        State9 s;
-        const EphemerisStatus status = RelativeState(jd, body, kSun, s);
-        if (status != EphemerisStatus::Ok && worst == EphemerisStatus::Ok) worst = status;
+        const State9& s = pv[static_cast<std::size_t>(body)];
         for (std::size_t k = 0; k < 3; ++k) {
-            out.position[i][k] = s[k];
-            if (flag >= 2) out.velocity[i][k] = s[3 + k];
-            if (flag >= 3) out.acceleration[i][k] = s[6 + k];
+            out.position[i][k] = s[k] - sun[k];
+            if (flag >= 2) out.velocity[i][k] = s[3 + k] - sun[3 + k];
+            if (flag >= 3) out.acceleration[i][k] = s[6 + k] - sun[6 + k];
         }
     }
-    return worst;
+    return status;
 }
 
 EphemerisStatus Ephemeris::Nutations(double jd, std::array<double, 4>& out) {

@@ -116,8 +116,10 @@ public:
     // (PLEPH body numbers 1 to 13), AU and days.
     EphemerisStatus RelativeState(double jd, int target, int centre, State9& out);
 
-    // States of the flagged bodies relative to the Sun; the other entries of
-    // `out` stay as they were.
+    // States of the flagged bodies relative to the Sun, each equal to
+    // RelativeState(jd, body, 11); the entries of unflagged bodies and of
+    // bodies 11 and 12 stay as they were. Flags: 0 none, 1 position,
+    // 2 with velocity, 3 with acceleration.
     EphemerisStatus BodyStates(double jd, BodyStatesResult& out);
     std::array<int, 13>& requestFlags() { return requestFlags_; }
     const std::array<int, 13>& requestFlags() const { return requestFlags_; }
@@ -133,7 +135,16 @@ public:
     long long recordReads() const { return recordReads_; }
 
 private:
+    static constexpr std::size_t kEmbSeries = kEarth - 1;
+    static constexpr std::size_t kMoonSeries = kMoon - 1;
+
     bool ReadRecord(long long nr);
+    // Flags the series that body `body` is made from with derivative order `order`.
+    static void MarkBody(int body, int order, SeriesFlags& flags);
+    // States of bodies 1 to 13 (index = body number) from the series: the
+    // Earth from the barycentre and the Moon, the Moon from the Earth.
+    void ResolveBodies(const SeriesFlags& flags, bool earthAndMoon,
+                       std::array<State9, 14>& pv) const;
 
     bool open_ = false;
     std::ifstream file_;

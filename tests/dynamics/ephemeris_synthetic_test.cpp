@@ -257,6 +257,38 @@ TEST_F(SyntheticFile, BodyStatesFillsTheFlaggedBodiesRelativeToTheSun) {
     }
 }
 
+TEST_F(SyntheticFile, BodyStatesOfEveryFlagEqualsRelativeStateValueForValue) {
+    // The Sun and the barycentre too when asked for, and the Earth and the
+    // Moon each without the other.
+    for (int only = 0; only <= 13; ++only) {
+        for (int flag = 1; flag <= 3; ++flag) {
+            eph.requestFlags().fill(0);
+            if (only == 0) {
+                eph.requestFlags().fill(flag);
+            } else {
+                eph.requestFlags()[static_cast<std::size_t>(only - 1)] = flag;
+            }
+            const double jd = layout.start + 3.25 + 17.5 * only + flag;
+            orvane::BodyStatesResult out;
+            ASSERT_EQ(eph.BodyStates(jd, out), EphemerisStatus::Ok);
+            for (int body = 1; body <= 13; ++body) {
+                if (only != 0 && body != only) continue;
+                const auto i = static_cast<std::size_t>(body - 1);
+                const State9 want = Relative(jd, body, 11);
+                for (std::size_t k = 0; k < 3; ++k) {
+                    EXPECT_EQ(out.position[i][k], want[k]) << body << " flag " << flag;
+                    if (flag >= 2) {
+                        EXPECT_EQ(out.velocity[i][k], want[3 + k]) << body;
+                    }
+                    if (flag >= 3) {
+                        EXPECT_EQ(out.acceleration[i][k], want[6 + k]) << body;
+                    }
+                }
+            }
+        }
+    }
+}
+
 TEST(EphemerisFlags, DefaultRequestFlagsAskForAllButTheSunAndTheBarycentre) {
     Ephemeris eph;
     EXPECT_EQ(eph.requestFlags(), (std::array<int, 13>{2, 2, 2, 2, 2, 2, 2, 2, 2, 2, 0, 0, 2}));
