@@ -64,8 +64,9 @@ enum class SeriesFrame {
     Heliocentric,  // series 1 to 9 with the Sun subtracted
 };
 
-// States of the series of the last SeriesStates call that read its record:
-// position, velocity, acceleration (AU, AU/day, AU/day^2). body[i] is the
+// States of the series as the last SeriesStates calls left them (a failed
+// read leaves them standing): position, velocity, acceleration (AU, AU/day,
+// AU/day^2); series not flagged keep their earlier values. body[i] is the
 // series of body i + 1, so body[2] is the Earth-Moon barycentre and body[9]
 // the geocentric Moon.
 struct SeriesResult {
