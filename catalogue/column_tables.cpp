@@ -41,8 +41,10 @@ namespace {
 // The names carry one leading blank, which separates them from the text before
 // them when a select is put together.
 ColumnProperty textColumn(std::string_view name, std::size_t width) {
+    std::string blankFirst(1, ' ');
+    blankFirst += name;
     ColumnProperty column;
-    sql::setColumnType(column, " " + std::string(name), kKindText, static_cast<int>(width));
+    sql::setColumnType(column, blankFirst, kKindText, static_cast<int>(width));
     return column;
 }
 

@@ -81,7 +81,11 @@ protected:
     static void SetUpTestSuite() {
         templateHome = new TempHome();
         templatePath = templateHome->root() / "template.db";
-        ASSERT_EQ(createCatalogue(templatePath.string()), SQLITE_OK);
+        CatalogueDb maker;
+        ASSERT_EQ(sql::open(templatePath.string(), maker), SQLITE_OK);
+        ASSERT_EQ(sql::execute(maker, "PRAGMA synchronous = OFF"), SQLITE_OK);
+        ASSERT_EQ(createCatalogueSchema(maker), SQLITE_OK);
+        sql::close(maker);
     }
     static void TearDownTestSuite() {
         delete templateHome;
