@@ -251,16 +251,7 @@ ListStatus ListReader::startItem() {
 
 ListStatus ListReader::read(const ListTarget& target) {
     if (sticky_ != ListStatus::Ok) return sticky_;
-    if (repeatLeft_ > 0) {
-        --repeatLeft_;
-        if (!repeatNull_) {
-            std::size_t end = 0;
-            const auto status = assign(target, repeatStart_, end);
-            if (status != ListStatus::Ok) return sticky_ = status;
-        }
-        ++items_;
-        return ListStatus::Ok;
-    }
+    if (repeatLeft_ > 0) return readRepeated(target);
 
     auto status = startItem();
     if (status != ListStatus::Ok) return sticky_ = status;
@@ -274,25 +265,14 @@ ListStatus ListReader::read(const ListTarget& target) {
 
     std::size_t start = pos_;
     if (options_.repeatCounts) {
-        const std::size_t at = skipDigits(text_, pos_);
-        std::int64_t count = 0;
-        for (std::size_t i = pos_; i < at && count <= std::numeric_limits<std::int32_t>::max(); ++i) {
-            count = count * 10 + (text_[i] - '0');
-        }
-        if (at > pos_ && at < text_.size() && text_[at] == '*') {
-            if (count == 0 || count > std::numeric_limits<std::int32_t>::max()) {
-                return sticky_ = ListStatus::BadRepeat;
-            }
-            start = at + 1;
-            repeatLeft_ = count - 1;
-            repeatNull_ = atSeparator(start);
-            repeatStart_ = start;
-            if (repeatNull_) {
-                pos_ = start;
-                needSeparator_ = true;
-                ++items_;
-                return ListStatus::Ok;
-            }
+        status = startRepeat(start);
+        if (status != ListStatus::Ok) return sticky_ = status;
+        if (start != pos_ && repeatNull_) {
+            // r* with nothing behind it: the first of r null values.
+            pos_ = start;
+            needSeparator_ = true;
+            ++items_;
+            return ListStatus::Ok;
         }
     }
 
@@ -306,6 +286,36 @@ ListStatus ListReader::read(const ListTarget& target) {
                                          text_.begin() + static_cast<std::ptrdiff_t>(end), '\n'));
     pos_ = end;
     needSeparator_ = true;
+    ++items_;
+    return ListStatus::Ok;
+}
+
+// "r*c" or "r*" at the reader's position: moves `start` behind the star and keeps
+// the count of the repetitions still to come. Without a repeat count nothing changes.
+ListStatus ListReader::startRepeat(std::size_t& start) {
+    const std::size_t star = skipDigits(text_, pos_);
+    if (star == pos_ || star >= text_.size() || text_[star] != '*') return ListStatus::Ok;
+    std::int64_t count = 0;
+    for (std::size_t i = pos_; i < star && count <= std::numeric_limits<std::int32_t>::max(); ++i) {
+        count = count * 10 + (text_[i] - '0');
+    }
+    if (count == 0 || count > std::numeric_limits<std::int32_t>::max()) return ListStatus::BadRepeat;
+    start = star + 1;
+    repeatLeft_ = count - 1;
+    repeatNull_ = atSeparator(start);
+    repeatStart_ = start;
+    return ListStatus::Ok;
+}
+
+// The second and later appearances of a repeated value: its constant is read again
+// for each target, as if it stood there r times.
+ListStatus ListReader::readRepeated(const ListTarget& target) {
+    --repeatLeft_;
+    if (!repeatNull_) {
+        std::size_t end = 0;
+        const auto status = assign(target, repeatStart_, end);
+        if (status != ListStatus::Ok) return sticky_ = status;
+    }
     ++items_;
     return ListStatus::Ok;
 }

@@ -27,9 +27,18 @@
 //
 // One call of readList (or a run of read calls) is one read statement: it starts at
 // the reader's current line; nextRecord() then moves to the line after the one
-// where the statement ended, as a Fortran READ does. The reader works on a view of
-// the caller's text and never allocates except for a number token longer than 64
-// characters. Malformed input gives a status, never an exception.
+// where the statement ended, as a Fortran READ does.
+//
+// Where gfortran differs from the standard, the standard is followed: a repeated
+// value is read afresh for each target (gfortran insists on the kind of the first),
+// a quoted text that the end of the text leaves open keeps its field unchanged
+// (gfortran stores the part read), and so does a lone "." for a real, which is an
+// error either way (gfortran stores 0 first). On about 4,000 random lines of the
+// syntax's characters, statuses and stored values otherwise agreed with gfortran.
+//
+// The reader works on a view of the caller's text. It allocates only for a number
+// token longer than about 80 characters and for a std::string target that must grow
+// to its width. Malformed input gives a status, never an exception.
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -102,6 +111,8 @@ public:
 
 private:
     ListStatus startItem();
+    ListStatus startRepeat(std::size_t& start);
+    ListStatus readRepeated(const ListTarget& target);
     ListStatus assign(const ListTarget& target, std::size_t start, std::size_t& end);
     ListStatus assignText(const ListTarget& target, std::size_t start, std::size_t& end);
     bool skipBlanksAndLines();
