@@ -26,6 +26,9 @@ std::array<std::string_view, 4> schemaStatements() {
 }
 
 int createCatalogueSchema(CatalogueDb& db) {
+    // One transaction around the four statements: the fifty objects are written with
+    // one sync of the file instead of one each, which makes a first start quick.
+    sql::begin(db);
     int first = SQLITE_OK;
     for (const std::string_view statement : schemaStatements()) {
         const int code = sql::execute(db, statement);
@@ -33,6 +36,7 @@ int createCatalogueSchema(CatalogueDb& db) {
             first = code;
         }
     }
+    sql::commit(db);
     return first;
 }
 
