@@ -37,7 +37,7 @@ std::map<double, StateVector> HorizonsStates() {
         if (line.rfind("$$SOE", 0) == 0) { inside = true; continue; }
         if (line.rfind("$$EOE", 0) == 0) break;
         if (!inside) continue;
-        double v[7];
+        double v[7] = {};
         std::istringstream row(line);
         std::string field;
         int column = 0;
@@ -46,6 +46,7 @@ std::map<double, StateVector> HorizonsStates() {
             if (column >= 2) v[column - 1] = std::strtod(field.c_str(), nullptr);
             ++column;
         }
+        if (column < 8) continue;  // a row cut short is not a state
         states[v[0]] = StateVector{v[1], v[2] * c - v[3] * s, v[2] * s + v[3] * c,
                                    v[4], v[5] * c - v[6] * s, v[5] * s + v[6] * c};
     }
