@@ -16,10 +16,12 @@ namespace orvane {
 class RunHooks {
 public:
     // Ephemeris text and file. The header opens the object's table (and its
-    // file when the file is its own); each line is one output instant; the
+    // file when the file is its own) with `first`, the line of the run's start
+    // instant, as its first data line; each later line is one output instant; the
     // trailer writes the closing rule and closes the object's file, unless
     // all objects share one file, which EndRun closes.
-    virtual void EmitEphemerisHeader(int objectIndex, const RunObject& object) = 0;
+    virtual void EmitEphemerisHeader(int objectIndex, const RunObject& object,
+                                     const EphemerisLine& first) = 0;
     virtual void EmitEphemerisLine(int objectIndex, const RunObject& object,
                                    const EphemerisLine& line) = 0;
     virtual void EmitEphemerisTrailer(int objectIndex, const RunObject& object) = 0;
