@@ -1,0 +1,144 @@
+#include "records/search_run.h"
+
+#include <sqlite3.h>
+
+#include "catalogue/sql_layer.h"
+#include "records/query_clause.h"
+#include "records/search_estimate.h"
+
+namespace orvane {
+namespace {
+
+long long countOn(CatalogueDb& db, std::string_view clause, ColumnTables& tables, int& failure) {
+    Statement statement;
+    bool done = true;
+    if (sql::prepareSelect(db, "e_elements", tables.count, statement, clause) == SQLITE_OK) {
+        sql::nextRow(statement, tables.count, done);
+    }
+    if (db.lastError != SQLITE_OK && failure == SQLITE_OK) failure = db.lastError;
+    sql::finalize(statement);
+    return done ? 0 : sql::getInt(tables.count[0]);
+}
+
+// Reads the rows of the clause into the session's array, which was made for them.
+void readRows(CatalogueDb& db, std::string_view clause, SearchSession& session, SearchView& view,
+              const SearchTexts& texts, const BatchClock& clock, int& failure) {
+    const std::size_t total = session.result.capacity();
+    view.showProgress(static_cast<long long>(total));
+    view.setStatus(texts.records.readingElements);
+    view.setRemainingTime(texts.records.remainingUnknown);
+    RemainingTimeEstimate estimate(total, clock);
+    Statement statement;
+    if (sql::prepareSelect(db, "e_elements", session.tables.allColumns, statement, clause) == SQLITE_OK) {
+        bool done = false;
+        while (session.result.size() < total) {
+            sql::nextRow(statement, session.tables.allColumns, done);
+            if (done) break;
+            session.result.appendRow(session.tables.allColumns);
+            view.stepProgress();
+            estimate.afterItem(session.result.size(), view, texts.records);
+        }
+    }
+    if (db.lastError != SQLITE_OK && db.lastError != SQLITE_DONE && failure == SQLITE_OK) {
+        failure = db.lastError;
+    }
+    sql::finalize(statement);
+    view.hideProgress();
+    view.setRemainingTime("");
+}
+
+SearchOutcome searchBody(std::string_view databasePath, const SearchForm& form, SearchSession& session,
+                         SearchView& view, const SearchTexts& texts, const BatchClock& clock) {
+    SearchOutcome outcome;
+    const std::string clause = buildQueryClause(form);
+    if (!queryClauseFits(clause)) {
+        view.setStatus(texts.tooLongQuery);
+        view.showError(kErrorTitle, kTooLongQuery);
+        outcome.status = SearchStatus::TooLong;
+        return outcome;
+    }
+
+    CatalogueDb db;
+    int failure = sql::open(databasePath, db);
+    const long long hits = failure == SQLITE_OK ? countOn(db, clause, session.tables, failure) : 0;
+    const std::size_t rows = hits > 0 ? static_cast<std::size_t>(hits) : 0;
+
+    std::vector<ColumnSlot> columns = buildColumnSlots(form, texts);
+    if (columns.empty()) {
+        sql::close(db);
+        view.setStatus(texts.noColumns);
+        view.showError(kErrorTitle, kNoColumnsSelected);
+        outcome.status = SearchStatus::NoColumns;
+        outcome.count = hits;
+        outcome.sqliteCode = failure;
+        return outcome;
+    }
+
+    session.result.reset(rows);
+    session.columns = std::move(columns);
+    session.queryClause = clause;
+    if (rows > 0 && failure == SQLITE_OK) {
+        readRows(db, clause + sortClause(form), session, view, texts, clock, failure);
+    }
+    sql::close(db);
+
+    session.count = static_cast<long long>(session.result.size());
+    session.inForce = true;
+    view.showResult(session.columns, session.result);
+    view.setResultText(texts.resultText(session.count));
+    view.setStatus(texts.records.ready);
+    outcome.count = session.count;
+    outcome.sqliteCode = failure;
+    return outcome;
+}
+
+}  // namespace
+
+long long countHits(std::string_view databasePath, std::string_view clause, ColumnTables& tables) {
+    CatalogueDb db;
+    int failure = sql::open(databasePath, db);
+    const long long hits = failure == SQLITE_OK ? countOn(db, clause, tables, failure) : 0;
+    sql::close(db);
+    return hits;
+}
+
+SearchOutcome searchDirect(std::string_view databasePath, const SearchForm& form, SearchSession& session,
+                           SearchView& view, const SearchTexts& texts, const BatchClock& clock) {
+    const SearchOutcome outcome = searchBody(databasePath, form, session, view, texts, clock);
+    view.focusList();
+    return outcome;
+}
+
+SearchOutcome searchThread(std::string_view databasePath, const SearchForm& form, SearchSession& session,
+                           SearchView& view, const SearchTexts& texts, const BatchClock& clock) {
+    view.setCatalogueCommandsEnabled(false);
+    view.setBusy(true);
+    const SearchOutcome outcome = searchBody(databasePath, form, session, view, texts, clock);
+    view.setBusy(false);
+    view.setCatalogueCommandsEnabled(true);
+    return outcome;
+}
+
+void refreshAfterBatch(std::string_view databasePath, const SearchForm& form, SearchSession& session,
+                       SearchView& view, const SearchTexts& texts, const BatchClock& clock) {
+    const bool inForce = session.inForce && view.searchListFilledByForm();
+    const long long hits = inForce ? countHits(databasePath, session.queryClause, session.tables) : 0;
+    view.refreshStatistics();
+    if (!inForce) return;
+    if (hits == 0) {
+        session.result.reset(0);
+        session.count = 0;
+        view.clearList();
+        view.setSelectionCommandsEnabled(false);
+        view.setResultText(texts.noMatches);
+    } else if (hits > session.count) {
+        // New hits are only noted: the list stays as the user sees it.
+        session.count = hits;
+    } else {
+        // Also when hits fell: a list that still showed removed rows would hand their
+        // ids to the next command.
+        searchDirect(databasePath, form, session, view, texts, clock);
+    }
+}
+
+}  // namespace orvane
