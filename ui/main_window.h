@@ -1,16 +1,39 @@
 #pragma once
-// The main window of the program. Its frame (menus, toolbar, panes) grows here; the
-// placement follows the window into AppState and is saved when the window closes.
+// The main window: menus, accelerators, the toolbar with the task drop-down, the five
+// tabs and their pages, the status bar with its progress bar. It owns the command
+// table: every command arrives here by its id and runs only while the flag of its
+// group is 1; menu items and toolbar buttons follow the flags. The placement follows
+// the window into AppState, and closing the window saves the settings.
 #include <QMainWindow>
+#include <array>
+#include <map>
+
+#include "ui/commands.h"
+#include "ui/help_viewer.h"
+#include "ui/language/sections.h"
+
+class QLabel;
+class QMenu;
+class QProgressBar;
+class QStackedWidget;
+class QToolBar;
+class QToolButton;
 
 namespace orvane {
 
 struct AppState;
+class ElementsApp;
+class ElementsPage;
+class MyTab;
+class ObservationsApp;
+class StartPageApp;
 
 class MainApp : public QMainWindow {
     Q_OBJECT
 public:
-    explicit MainApp(AppState& state, QWidget* parent = nullptr);
+    // `commands` receives what the engines do; without one those commands do nothing.
+    explicit MainApp(AppState& state, MainCommands* commands = nullptr, QWidget* parent = nullptr);
+    ~MainApp() override;
 
     // Shows the window at the stored placement, maximised when records 6 to 9 are zero.
     void showAtStoredPlacement();
@@ -20,6 +43,45 @@ public:
     // Sent by every modal window and worker when it ends.
     Q_INVOKABLE void operationEnded();
 
+    // Runs command `id` when its group is enabled; false when it was dropped.
+    bool execute(int id);
+
+    const EnableFlags& flags() const { return flags_; }
+    // The list of the output pane enables the commands of its selection here.
+    void setCommandEnabled(CommandGroup group, bool enabled);
+
+    Page currentPage() const { return page_; }
+    void showPage(Page page);
+
+    // A search started or ended: while it runs the Search command stays disabled.
+    void setSearchRunning(bool running);
+    bool searchRunning() const { return searchRunning_; }
+
+    // Status part 1 of a page: a key of the status section, or a text of its own.
+    void setPageStatus(Page page, int statusKey);
+    void setPageStatusText(Page page, const QString& text);
+    QString statusText(int part) const;
+    QProgressBar* progressBar() const { return progress_; }
+
+    // After each change of the catalogue: the statistics again, on both pages.
+    void refreshBriefInfo();
+
+    // All texts again from the language table.
+    void retitle();
+
+    // The menu item, toolbar action or context item of a command id.
+    QAction* action(int id) const;
+    QToolButton* taskButton() const { return taskButton_; }
+    QMenu* taskMenu() const { return taskMenu164_; }
+    QMenu* taskDropMenu() const { return taskMenu165_; }
+    QMenu* listContextMenu() const { return contextMenu162_; }
+    QToolBar* toolbar() const { return toolbar_; }
+    MyTab* tabs() const { return tabs_; }
+    StartPageApp* startPage() const { return startPage_; }
+    ElementsApp* orbitsPage() const { return orbitsPage_; }
+    ElementsPage* workPane() const;
+    HelpViewer& helpViewer() { return help_; }
+
 signals:
     void closedAndSaved();
 
@@ -28,11 +90,56 @@ protected:
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    struct StatusText {
+        int key = 4;  // "Ready"
+        QString text;
+    };
+
+    QAction* makeAction(int id, Section section, int key, QObject* parent);
+    void buildMenus();
+    void buildTaskMenus();
+    void buildContextMenu();
+    void buildToolbar();
+    void buildAccelerators();
+    void buildStatusBar();
+    void buildPages();
+
+    void runGroup(CommandGroup group);
+    void selectTask(TaskChoice task);
+    void toggleWorkPane();
+    void toggleOutputPane();
+    void toggleToolbar();
+    void applyPaneState();
+    void syncCommandStates();
+    void showStatus(const StatusText& status);
+    void onTabHover(int index);
+    void onSearchStateChanged();
     void rememberPlacement();
 
     AppState& state_;
+    MainCommands* commands_;
+    EnableFlags flags_;
+    Page page_ = Page::startPage;
+    bool searchRunning_ = false;
+    HelpViewer help_;
+
+    std::multimap<int, QAction*> actions_;
+    QMenu* taskMenu164_ = nullptr;
+    QMenu* taskMenu165_ = nullptr;
+    QMenu* contextMenu162_ = nullptr;
+    QToolBar* toolbar_ = nullptr;
+    QToolButton* taskButton_ = nullptr;
+    MyTab* tabs_ = nullptr;
+    QStackedWidget* pages_ = nullptr;
+    StartPageApp* startPage_ = nullptr;
+    ElementsApp* orbitsPage_ = nullptr;
+    ObservationsApp* observations_ = nullptr;
+    QLabel* statusParts_[3] = {nullptr, nullptr, nullptr};
+    QProgressBar* progress_ = nullptr;
+    std::array<StatusText, kPageCount> pageStatus_{};
     bool ignorePlacement_ = true;  // raised while the window lays itself out
 };
 
