@@ -396,6 +396,17 @@ private slots:
         QCOMPARE(window.tabs()->tabText(1), QStringLiteral("Bahnen"));
         QCOMPARE(window.tabs()->tabText(0), QStringLiteral("Start Page"));
         QCOMPARE(window.statusText(1), QStringLiteral("Bereit"));
+
+        // The text after the TAB stands right-aligned as the accelerator's.
+        QMenu* file = window.menuBar()->actions()[0]->menu();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        file->popup(window.mapToGlobal(QPoint(0, 30)));
+        QVERIFY(QTest::qWaitForWindowExposed(file));
+        const QRect item = file->actionGeometry(window.action(30079));
+        QVERIFY(item.width() > QFontMetrics(file->font()).horizontalAdvance(QStringLiteral("Speichern unter...Strg+S")));
+        saveScreenshot(*file, QStringLiteral("file_menu_retitled.png"));
+        file->hide();
     }
 
     void screenshotOfTheMainWindow() {
