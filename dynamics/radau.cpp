@@ -210,9 +210,13 @@ StepReport Integrator::Rectify(double t) {
     const QuadStateVector from{ref.r[0], ref.r[1], ref.r[2], ref.v[0], ref.v[1], ref.v[2]};
     const Quad tm = ToQuad(tm_);
     const Quad wing = ToQuad(kRectificationWing);
-    QuadStateVector middle = PropagateUniversalQuad(from, ref.t0, tm);
-    QuadStateVector before = PropagateUniversalQuad(from, ref.t0, tm - wing);
-    QuadStateVector after = PropagateUniversalQuad(from, ref.t0, tm + wing);
+    // One call for the three times, which share the start's radius and 1/a.
+    const Quad times[3] = {tm, tm - wing, tm + wing};
+    QuadStateVector orbit[3];
+    PropagateUniversalQuad(from, ref.t0, times, orbit);
+    QuadStateVector& middle = orbit[0];
+    QuadStateVector& before = orbit[1];
+    QuadStateVector& after = orbit[2];
     for (QuadStateVector* s : {&middle, &before, &after}) {
         s->x += ToQuad(x_[0]);
         s->y += ToQuad(x_[1]);
