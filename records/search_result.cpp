@@ -1,5 +1,9 @@
 #include "records/search_result.h"
 
+#include <algorithm>
+#include <new>
+#include <stdexcept>
+
 #include "base/fixed_text.h"
 
 namespace orvane {
@@ -7,6 +11,7 @@ namespace {
 
 // A first guess of the bytes of a row; the buffer doubles when rows are longer.
 constexpr std::size_t kExpectedRowBytes = 320;
+constexpr std::size_t kLargestFirstBuffer = std::size_t{1} << 26;
 
 // View column of each record field, or kElementColumnCount for the two work fields.
 std::array<std::size_t, kFieldCount> makeViewColumns() {
@@ -25,14 +30,25 @@ const std::array<std::size_t, kFieldCount>& viewColumns() {
 
 }  // namespace
 
-void SearchResult::reset(std::size_t rows) {
+bool SearchResult::reset(std::size_t rows) {
     std::string().swap(text_);
     std::vector<std::uint64_t>().swap(rowStart_);
     std::vector<std::array<std::uint16_t, kElementColumnCount>>().swap(columnEnd_);
-    rowStart_.resize(rows);
-    columnEnd_.resize(rows);
-    text_.reserve(rows * kExpectedRowBytes);
     rows_ = 0;
+    try {
+        rowStart_.resize(rows);
+        columnEnd_.resize(rows);
+        text_.reserve(std::min(rows, kLargestFirstBuffer / kExpectedRowBytes) * kExpectedRowBytes);
+    } catch (const std::bad_alloc&) {
+        std::vector<std::uint64_t>().swap(rowStart_);
+        std::vector<std::array<std::uint16_t, kElementColumnCount>>().swap(columnEnd_);
+        return false;
+    } catch (const std::length_error&) {
+        std::vector<std::uint64_t>().swap(rowStart_);
+        std::vector<std::array<std::uint16_t, kElementColumnCount>>().swap(columnEnd_);
+        return false;
+    }
+    return true;
 }
 
 bool SearchResult::appendRow(std::span<const ColumnProperty> columns) {
@@ -40,13 +56,18 @@ bool SearchResult::appendRow(std::span<const ColumnProperty> columns) {
     const std::size_t start = text_.size();
     rowStart_[rows_] = start;
     auto& ends = columnEnd_[rows_];
-    for (std::size_t c = 0; c < kElementColumnCount; ++c) {
-        // What getText gives, cut at the NUL and the width, without its padding;
-        // taken straight from the column's text so that a row costs no allocation.
-        const std::string_view cell = cutAtNul(columns[c].textValue).substr(0, kElementColumns[c].width);
-        text_ += trimRight(cell);
-        // A row holds at most the sum of the column widths, about 6,100 bytes.
-        ends[c] = static_cast<std::uint16_t>(text_.size() - start);
+    try {
+        for (std::size_t c = 0; c < kElementColumnCount; ++c) {
+            // What getText gives, cut at the NUL and the width, without its padding;
+            // taken straight from the column's text so that a row costs no allocation.
+            const std::string_view cell = cutAtNul(columns[c].textValue).substr(0, kElementColumns[c].width);
+            text_ += trimRight(cell);
+            // A row holds at most the sum of the column widths, about 6,100 bytes.
+            ends[c] = static_cast<std::uint16_t>(text_.size() - start);
+        }
+    } catch (const std::bad_alloc&) {
+        text_.resize(start);
+        return false;
     }
     ++rows_;
     return true;

@@ -20,8 +20,9 @@ namespace orvane {
 
 class SearchResult {
 public:
-    // Frees the previous rows and prepares room for `rows` rows.
-    void reset(std::size_t rows);
+    // Frees the previous rows and prepares room for `rows` rows. False, with room
+    // for none, when the memory for them cannot be had.
+    bool reset(std::size_t rows);
 
     // Rows read so far.
     std::size_t size() const { return rows_; }
@@ -30,7 +31,7 @@ public:
 
     // Appends one row delivered by nextRow into the 74 columns of e_elements, each
     // text cut to its column's width and stripped of trailing blanks. False (and
-    // nothing stored) when the array is full.
+    // nothing stored) when the array is full or the memory runs out.
     bool appendRow(std::span<const ColumnProperty> columns);
 
     // The text of a field of a row, "" for a field that the view does not have.

@@ -34,7 +34,10 @@ void readRows(CatalogueDb& db, std::string_view clause, SearchSession& session, 
         while (session.result.size() < total) {
             sql::nextRow(statement, session.tables.allColumns, done);
             if (done) break;
-            session.result.appendRow(session.tables.allColumns);
+            if (!session.result.appendRow(session.tables.allColumns)) {
+                failure = SQLITE_NOMEM;
+                break;
+            }
             view.stepProgress();
             estimate.afterItem(session.result.size(), view, texts.records);
         }
@@ -74,10 +77,10 @@ SearchOutcome searchBody(std::string_view databasePath, const SearchForm& form, 
         return outcome;
     }
 
-    session.result.reset(rows);
+    if (!session.result.reset(rows) && failure == SQLITE_OK) failure = SQLITE_NOMEM;
     session.columns = std::move(columns);
     session.queryClause = clause;
-    if (rows > 0 && failure == SQLITE_OK) {
+    if (session.result.capacity() > 0 && failure == SQLITE_OK) {
         readRows(db, clause + sortClause(form), session, view, texts, clock, failure);
     }
     sql::close(db);
