@@ -20,10 +20,10 @@ long long countOn(CatalogueDb& db, std::string_view clause, ColumnTables& tables
     return done ? 0 : sql::getInt(tables.count[0]);
 }
 
-// Reads the rows of the clause into the session's array, which was made for them.
-void readRows(CatalogueDb& db, std::string_view clause, SearchSession& session, SearchView& view,
-              const SearchTexts& texts, const BatchClock& clock, int& failure) {
-    const std::size_t total = session.result.capacity();
+// Reads the rows of the clause into `result`, which was made for them.
+void readRows(CatalogueDb& db, std::string_view clause, SearchSession& session, SearchResult& result,
+              SearchView& view, const SearchTexts& texts, const BatchClock& clock, int& failure) {
+    const std::size_t total = result.capacity();
     view.showProgress(static_cast<long long>(total));
     view.setStatus(texts.records.readingElements);
     view.setRemainingTime(texts.records.remainingUnknown);
@@ -31,15 +31,15 @@ void readRows(CatalogueDb& db, std::string_view clause, SearchSession& session, 
     Statement statement;
     if (sql::prepareSelect(db, "e_elements", session.tables.allColumns, statement, clause) == SQLITE_OK) {
         bool done = false;
-        while (session.result.size() < total) {
+        while (result.size() < total) {
             sql::nextRow(statement, session.tables.allColumns, done);
             if (done) break;
-            if (!session.result.appendRow(session.tables.allColumns)) {
+            if (!result.appendRow(session.tables.allColumns)) {
                 failure = SQLITE_NOMEM;
                 break;
             }
             view.stepProgress();
-            estimate.afterItem(session.result.size(), view, texts.records);
+            estimate.afterItem(result.size(), view, texts.records);
         }
     }
     if (db.lastError != SQLITE_OK && db.lastError != SQLITE_DONE && failure == SQLITE_OK) {
@@ -77,14 +77,18 @@ SearchOutcome searchBody(std::string_view databasePath, const SearchForm& form, 
         return outcome;
     }
 
-    if (!session.result.reset(rows) && failure == SQLITE_OK) failure = SQLITE_NOMEM;
-    session.columns = std::move(columns);
-    session.queryClause = clause;
-    if (session.result.capacity() > 0 && failure == SQLITE_OK) {
-        readRows(db, clause + sortClause(form), session, view, texts, clock, failure);
+    // The list goes on showing the previous result while this one is read; it is
+    // replaced (and the previous one freed) only when the new one is complete.
+    SearchResult fresh;
+    if (!fresh.reset(rows) && failure == SQLITE_OK) failure = SQLITE_NOMEM;
+    if (fresh.capacity() > 0 && failure == SQLITE_OK) {
+        readRows(db, clause + sortClause(form), session, fresh, view, texts, clock, failure);
     }
     sql::close(db);
 
+    session.result = std::move(fresh);
+    session.columns = std::move(columns);
+    session.queryClause = clause;
     session.count = static_cast<long long>(session.result.size());
     session.inForce = true;
     view.showResult(session.columns, session.result);

@@ -38,7 +38,9 @@ public:
     virtual void focusList() = 0;
 };
 
-// The last search and what it found; replaced by each search.
+// The last search and what it found. A search reads into an array of its own and
+// replaces `result` and `columns` only just before it calls showResult, so the list
+// can read the previous ones on the window thread until then.
 struct SearchSession {
     ColumnTables tables = buildColumnTables();
     std::string queryClause;  // without its order clause; the batches count with it

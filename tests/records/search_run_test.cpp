@@ -220,5 +220,20 @@ TEST_F(SearchRun, RepeatedSearchReplacesTheArray) {
     EXPECT_EQ(view.resultTexts.back(), "Search Results: 2 Matches found");
 }
 
+// The list may draw while the next search reads: the previous rows stay in place
+// until the new ones are complete.
+TEST_F(SearchRun, PreviousResultStaysReadableWhileTheNextOneIsRead) {
+    search(SearchForm{});
+    struct WatchingView : testing::RecordingSearchView {
+        const SearchSession* session = nullptr;
+        std::vector<std::size_t> sizesWhileReading;
+        void stepProgress() override { sizesWhileReading.push_back(session->result.size()); }
+    } watching;
+    watching.session = &session;
+    searchDirect(path, oneRow(fieldCombo("comet"), kEqualTo, "1"), session, watching, texts);
+    EXPECT_EQ(watching.sizesWhileReading, (std::vector<std::size_t>{9, 9}));
+    EXPECT_EQ(session.result.size(), 2u);
+}
+
 }  // namespace
 }  // namespace orvane
