@@ -40,6 +40,21 @@ void BM_PropagateUniversalQuad(benchmark::State& state) {
 }
 BENCHMARK(BM_PropagateUniversalQuad)->Arg(50)->Arg(600)->Arg(36500);
 
+// The rebuild after a step of the integrator: a step's end and six days either side,
+// from one start.
+void BM_RebuildAfterAStep(benchmark::State& state) {
+    const StateVector s = CometState();
+    const QuadStateVector start{s.x, s.y, s.z, s.vx, s.vy, s.vz};
+    const Quad step = Quad(state.range(0)) / 100;
+    const Quad times[3] = {step, step - 6, step + 6};
+    QuadStateVector out[3];
+    for (auto _ : state) {
+        PropagateUniversalQuad(start, 0, times, out);
+        benchmark::DoNotOptimize(out);
+    }
+}
+BENCHMARK(BM_RebuildAfterAStep)->Arg(50)->Arg(300);
+
 void BM_StateFromElements(benchmark::State& state) {
     const double e = static_cast<double>(state.range(0)) / 100.0;
     const double q = 1.0;
