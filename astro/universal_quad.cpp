@@ -253,14 +253,15 @@ Quad InverseLength(Quad x, Quad y, Quad z) {
 
 QuadStateVector LagrangeState(const QuadStateVector& start, const ConicStart& c, const Anomaly& a, Quad dt) {
     const Quad s2 = a.s * a.s;
+    const Quad c3s3 = a.c3 * (s2 * a.s);  // shared by g and fDot
     const Quad f = Quad(1) - (s2 / c.r0) * a.c2;
-    const Quad g = dt - (s2 / kK) * a.c3 * a.s;
+    const Quad g = dt - c3s3 / kK;
     QuadStateVector out;
     out.x = f * start.x + g * start.vx;
     out.y = f * start.y + g * start.vy;
     out.z = f * start.z + g * start.vz;
     const Quad inverseR = InverseLength(out.x, out.y, out.z);
-    const Quad fDot = (c.alpha * a.c3 * (s2 * a.s) - a.s) * (c.kOverR0 * inverseR);
+    const Quad fDot = (c.alpha * c3s3 - a.s) * (c.kOverR0 * inverseR);
     const Quad gDot = Quad(1) - a.c2 * (s2 * inverseR);
     out.vx = fDot * start.x + gDot * start.vx;
     out.vy = fDot * start.y + gDot * start.vy;
