@@ -53,7 +53,7 @@ void EphemerisFile::writeRecord(std::string_view text) {
     if (file_ == nullptr) return;
     const auto last = text.find_last_not_of(' ');
     const std::string_view kept = last == std::string_view::npos ? std::string_view{} : text.substr(0, last + 1);
-    bytes_ += static_cast<long long>(std::fwrite(kept.data(), 1, kept.size(), file_));
+    if (!kept.empty()) bytes_ += static_cast<long long>(std::fwrite(kept.data(), 1, kept.size(), file_));
     bytes_ += static_cast<long long>(std::fwrite("\r\n", 1, 2, file_));
 }
 
