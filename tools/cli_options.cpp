@@ -322,10 +322,13 @@ Close Approaches:
 Both tasks:
   --integrate-from-epoch    start from the catalogue epoch if closer  (off)
   --combine                 combine all selected orbits               (off)
+                            (headless, every chosen record runs in one run either way)
   --julian-dates            dates in Julian days                      (off)
   --hms                     h:m:s in dates                            (on)
   --km                      distances in km and km/s                  (off)
   --radians                 angles in rad and rad/day                 (off)
+
+  --help                    this text
 
 A switch takes --name, --name=on|off|1|0, or --no-name to turn it off.
 The exit status is 0 on success, 2 for a wrong command line, 1 when a file or a

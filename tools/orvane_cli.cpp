@@ -49,6 +49,15 @@ public:
     void EndRun() override { closeFiles(); }
 };
 
+// A name from a file may hold any bytes; the terminal gets printable ones.
+std::string printable(std::string text) {
+    for (char& c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x20 || byte == 0x7F) c = '?';
+    }
+    return text;
+}
+
 bool contains(std::string_view text, std::string_view part) { return text.find(part) != std::string_view::npos; }
 
 bool readElsRecords(const std::string& path, std::vector<OrbitRecord>& records) {
@@ -158,7 +167,7 @@ int run(int argc, char** argv) {
         RunObject object;
         std::string badField;
         if (!MakeRunObject(record, args.targetJd, object, badField)) {
-            complain("record " + RunObjectName(record) + ": field " + badField + " is missing or no number");
+            complain("record " + printable(RunObjectName(record)) + ": field " + badField + " is missing or no number");
             return kExitFailure;
         }
         taskRun.objects.push_back(object);
