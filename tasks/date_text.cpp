@@ -34,6 +34,9 @@ void appendDaysHms(LineBuilder& b, double days, int width, bool trimmed) {
     const double whole = std::trunc(shifted);
     if (trimmed) {
         b.fieldITrimmed(static_cast<long long>(whole), width);
+    } else if (shifted < 0.0 && whole == 0.0) {
+        // Less than a day before: the days keep the sign the integer 0 cannot carry.
+        b.right("-0", static_cast<std::size_t>(width));
     } else {
         b.fieldI(static_cast<long long>(whole), width);
     }

@@ -51,6 +51,8 @@ TEST(DateText, HeadersOfTheDateColumn) {
 TEST(DateText, RelativeDays) {
     EXPECT_EQ(RelativeDaysText(-12.25, false), "    -12.25000000");
     EXPECT_EQ(RelativeDaysText(100.5, true), "    100 12:00:00");
+    EXPECT_EQ(RelativeDaysText(-2.25, true), "     -2 05:59:59");
+    EXPECT_EQ(RelativeDaysText(-0.25, true), "     -0 05:59:59");
 }
 
 TEST(DateText, CloseApproachForms) {
