@@ -58,22 +58,8 @@ DeleteBatchResult deleteThread(std::string_view databasePath, std::span<const st
     }
 
     batch.reset(0);
-    if (result.status == BatchStatus::Committed && sql::commit(db) != SQLITE_OK) {
-        result.status = BatchStatus::RolledBack;
-        result.sqliteCode = db.lastError;
-    }
-    if (result.status == BatchStatus::RolledBack) {
-        sql::rollback(db);
+    if (!finishChangeBatch(db, result.status, result.sqliteCode, databasePath, form, session, view, texts, clock))
         result.deleted = 0;
-    }
-    view.hideProgress();
-    view.setRemainingTime("");
-    sql::close(db);
-
-    refreshAfterBatch(databasePath, form, session, view, texts, clock);
-    view.setBusy(false);
-    view.setCatalogueCommandsEnabled(true);
-    view.setStatus(texts.records.ready);
     return result;
 }
 

@@ -85,23 +85,10 @@ EditBatchResult editThread(std::string_view databasePath, std::span<const OrbitR
         estimate.afterItem(k + 1, view, texts.records);
     }
 
-    view.hideProgress();
-    view.setRemainingTime("");
-    if (result.status == BatchStatus::Committed && sql::commit(db) != SQLITE_OK) {
-        result.status = BatchStatus::RolledBack;
-        result.sqliteCode = db.lastError;
-    }
-    if (result.status == BatchStatus::RolledBack) {
-        sql::rollback(db);
+    if (!finishChangeBatch(db, result.status, result.sqliteCode, databasePath, form, session, view, texts, clock)) {
         result.updated = 0;
         result.replaced = 0;
     }
-    sql::close(db);
-
-    refreshAfterBatch(databasePath, form, session, view, texts, clock);
-    view.setBusy(false);
-    view.setCatalogueCommandsEnabled(true);
-    view.setStatus(texts.records.ready);
     return result;
 }
 

@@ -148,4 +148,24 @@ void refreshAfterBatch(std::string_view databasePath, const SearchForm& form, Se
     }
 }
 
+bool finishChangeBatch(CatalogueDb& db, BatchStatus& status, int& sqliteCode, std::string_view databasePath,
+                       const SearchForm& form, SearchSession& session, SearchView& view,
+                       const SearchTexts& texts, const BatchClock& clock) {
+    view.hideProgress();
+    view.setRemainingTime("");
+    if (status == BatchStatus::Committed && sql::commit(db) != SQLITE_OK) {
+        status = BatchStatus::RolledBack;
+        sqliteCode = db.lastError;
+    }
+    const bool committed = status != BatchStatus::RolledBack;
+    if (!committed) sql::rollback(db);
+    sql::close(db);
+
+    refreshAfterBatch(databasePath, form, session, view, texts, clock);
+    view.setBusy(false);
+    view.setCatalogueCommandsEnabled(true);
+    view.setStatus(texts.records.ready);
+    return committed;
+}
+
 }  // namespace orvane

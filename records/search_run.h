@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "catalogue/column_tables.h"
+#include "catalogue/sql_layer.h"
 #include "records/batch_view.h"
 #include "records/insert_batch.h"
 #include "records/search_columns.h"
@@ -78,5 +79,12 @@ long long countHits(std::string_view databasePath, std::string_view clause, Colu
 // is unchanged (or fell), emptied when it fell to zero, left when it rose.
 void refreshAfterBatch(std::string_view databasePath, const SearchForm& form, SearchSession& session,
                        SearchView& view, const SearchTexts& texts, const BatchClock& clock);
+
+// The end of an edit or delete batch: a batch that went through is committed, one that
+// failed, or whose commit failed, is rolled back; then the connection is closed, the
+// search in force refreshed and the commands given back. False when rolled back.
+bool finishChangeBatch(CatalogueDb& db, BatchStatus& status, int& sqliteCode, std::string_view databasePath,
+                       const SearchForm& form, SearchSession& session, SearchView& view,
+                       const SearchTexts& texts, const BatchClock& clock);
 
 }  // namespace orvane
