@@ -94,16 +94,16 @@ ElementsPage::ElementsPage(AppState& state, QWidget* parent) : QScrollArea(paren
 }
 
 QWidget* ElementsPage::addPanel(std::size_t index) {
-    const PanelSpec& spec = kPanels[index];
+    const PanelShape& shape = kPanels[index];
     Panel& panel = panels_[index];
-    panel.kind = spec.kind;
-    panel.header = new PanelHeader(spec.headerId, spec.titleKey, form_);
+    panel.kind = shape.kind;
+    panel.header = new PanelHeader(shape.headerId, shape.titleKey, form_);
     panel.body = new QWidget(form_);
     panel.body->setObjectName("PanelBody");
     formLayout_->addWidget(panel.header);
     formLayout_->addWidget(panel.body);
     connect(panel.header, &QPushButton::clicked, this,
-            [this, kind = spec.kind] { setPanelOpen(kind, !panelOpen(kind)); });
+            [this, kind = shape.kind] { setPanelOpen(kind, !panelOpen(kind)); });
     return panel.body;
 }
 
@@ -188,12 +188,12 @@ void ElementsPage::buildFilters(QWidget* body) {
     auto* layout = new QVBoxLayout(body);
     layout->setContentsMargins(kBodyMargin, 8, kBodyMargin, 10);
     addTitle(layout, Section::orvFilters);
-    for (const FilterBox& spec : kFilterBoxes) {
+    for (const FilterBox& shape : kFilterBoxes) {
         auto* box = new QCheckBox(body);
-        setControlId(box, spec.id);
-        bindText(box, Section::orvFilters, spec.key);
-        box->setChecked(state_.*(spec.record) != 0);
-        connect(box, &QCheckBox::toggled, this, [this, record = spec.record](bool on) { state_.*record = on ? 1 : 0; });
+        setControlId(box, shape.id);
+        bindText(box, Section::orvFilters, shape.key);
+        box->setChecked(state_.*(shape.record) != 0);
+        connect(box, &QCheckBox::toggled, this, [this, record = shape.record](bool on) { state_.*record = on ? 1 : 0; });
         layout->addWidget(box);
     }
 }
@@ -235,10 +235,10 @@ void ElementsPage::buildColumnBoxes(QWidget* body, PanelKind kind) {
     // chain) and placed in the order of the columns.
     const std::span<const std::size_t> order = calculated ? calculatedBoxOrder() : elementsCreationOrder();
     for (std::size_t column : order) {
-        const ColumnBox spec = columnBox(column);
+        const ColumnBox shape = columnBox(column);
         auto* box = new QCheckBox(body);
-        setControlId(box, spec.id);
-        bindText(box, spec.section, spec.key);
+        setControlId(box, shape.id);
+        bindText(box, shape.section, shape.key);
         box->setChecked(state_.columnShown[column] != 0);
         connect(box, &QCheckBox::clicked, this, [this, column](bool on) { onColumnBoxClicked(column, on); });
         columnBoxes_[column] = box;

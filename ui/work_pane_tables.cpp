@@ -41,7 +41,7 @@ constexpr std::array<std::size_t, 6> kCalculatedColumns{47, 48, 49, 50, 51, 52};
 
 }  // namespace
 
-const std::array<PanelSpec, kPanelCount> kPanels{{
+const std::array<PanelShape, kPanelCount> kPanels{{
     {PanelKind::briefInfo, 874, 1, &AppState::briefInfoOpen},
     {PanelKind::quickSearch, 879, 4, &AppState::quickSearchOpen},
     {PanelKind::advancedSearch, 873, 7, &AppState::advancedSearchOpen},

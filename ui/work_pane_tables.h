@@ -24,7 +24,7 @@ enum class PanelKind : int {
     calculatedElements,
 };
 
-struct PanelSpec {
+struct PanelShape {
     PanelKind kind;
     int headerId;
     int titleKey;         // section orvStartPage; Hide is titleKey + 1, Show titleKey + 2
@@ -32,7 +32,7 @@ struct PanelSpec {
 };
 
 // Top to bottom.
-extern const std::array<PanelSpec, kPanelCount> kPanels;
+extern const std::array<PanelShape, kPanelCount> kPanels;
 
 // One check box per output column, by the column's index in AppState::columnShown
 // (record 27 + index).

@@ -25,10 +25,10 @@ protected:
     }
     void TearDown() override { sql::close(db); }
 
-    std::vector<ColumnProperty> columns(std::initializer_list<std::pair<const char*, int>> spec) {
-        std::vector<ColumnProperty> result(spec.size());
+    std::vector<ColumnProperty> columns(std::initializer_list<std::pair<const char*, int>> shape) {
+        std::vector<ColumnProperty> result(shape.size());
         std::size_t k = 0;
-        for (const auto& [name, kind] : spec) {
+        for (const auto& [name, kind] : shape) {
             sql::setColumnType(result[k++], std::string(" ") + name, kind, 30);
         }
         return result;
