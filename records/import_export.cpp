@@ -24,23 +24,17 @@ std::string exportQuestion(std::size_t count, const RecordTexts& texts) {
     return question(count, texts.exportOne, texts.exportMany, texts.exportRecords);
 }
 
-ImportResult importFile(const std::filesystem::path& file, std::string_view databasePath,
-                        RecordArray& importArray, BatchView& view, const RecordTexts& texts,
-                        const BatchClock& clock) {
-    ImportResult result;
-    view.setStatus(texts.readingElements);
-    view.showProgress(0);
-    result.read = readRecordFile(file, importArray);
-    if (result.read.status != FileReadStatus::Ok) {
-        result.status = ImportStatus::ReadFailed;
-        view.showMessage(texts.messageTitle,
-                         std::string(kWrongItemCount) + "\r\n" + texts.suggestions,
-                         MessageIcon::Information);
-        backToReady(view, texts);
-        return result;
-    }
-    view.hideProgress();
+void refuseUnreadableFile(BatchView& view, const RecordTexts& texts) {
+    view.showMessage(texts.messageTitle, std::string(kWrongItemCount) + "\r\n" + texts.suggestions,
+                     MessageIcon::Information);
+    backToReady(view, texts);
+}
 
+ImportResult insertImportedRecords(std::string_view databasePath, RecordArray& importArray,
+                                   const FileReadResult& read, BatchView& view,
+                                   const RecordTexts& texts, const BatchClock& clock) {
+    ImportResult result;
+    result.read = read;
     if (!view.askOkCancel(texts.importTitle, importQuestion(importArray.count, texts))) {
         result.status = ImportStatus::Declined;
         backToReady(view, texts);
@@ -60,6 +54,23 @@ ImportResult importFile(const std::filesystem::path& file, std::string_view data
     result.status = result.batch.status == BatchStatus::Committed ? ImportStatus::Inserted
                                                                    : ImportStatus::BatchFailed;
     return result;
+}
+
+ImportResult importFile(const std::filesystem::path& file, std::string_view databasePath,
+                        RecordArray& importArray, BatchView& view, const RecordTexts& texts,
+                        const BatchClock& clock) {
+    view.setStatus(texts.readingElements);
+    view.showProgress(0);
+    const FileReadResult read = readRecordFile(file, importArray);
+    if (read.status != FileReadStatus::Ok) {
+        refuseUnreadableFile(view, texts);
+        ImportResult result;
+        result.status = ImportStatus::ReadFailed;
+        result.read = read;
+        return result;
+    }
+    view.hideProgress();
+    return insertImportedRecords(databasePath, importArray, read, view, texts, clock);
 }
 
 ExportStatus exportRecords(const std::filesystem::path& file, std::span<const OrbitRecord> records,

@@ -42,6 +42,17 @@ ImportResult importFile(const std::filesystem::path& file, std::string_view data
                         RecordArray& importArray, BatchView& view, const RecordTexts& texts,
                         const BatchClock& clock = approximateClockNow);
 
+// The message of a file that does not read as records, and the status back to
+// "Ready"; nothing is inserted.
+void refuseUnreadableFile(BatchView& view, const RecordTexts& texts);
+
+// The part of an import after the file was read into `importArray`: the question,
+// the record checks, and the insert batch. `read` is handed back in the result.
+ImportResult insertImportedRecords(std::string_view databasePath, RecordArray& importArray,
+                                   const FileReadResult& read, BatchView& view,
+                                   const RecordTexts& texts,
+                                   const BatchClock& clock = approximateClockNow);
+
 enum class ExportStatus { Written, Declined, WriteFailed };
 
 // Asks, then writes the records in the format of the file name.
