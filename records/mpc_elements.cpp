@@ -359,12 +359,19 @@ std::string describeMpcOutcome(const MpcLineOutcome& outcome) {
 
 MpcFileResult readMpcCometText(std::string_view text, RecordArray& records) {
     MpcFileResult result;
-    records.reset(forEachLine(text, [](std::size_t, std::string_view) {}));
+    // Only a line of a record's length can be one, so a file of empty lines does
+    // not make an array of empty records.
+    std::size_t candidates = 0;
+    forEachLine(text, [&](std::size_t, std::string_view line) {
+        if (line.size() >= kMpcLastElementColumn && line.size() <= kMpcLineLimit) ++candidates;
+    });
+    records.reset(candidates);
+    OrbitRecord scratch;
     forEachLine(text, [&](std::size_t number, std::string_view line) {
-        MpcLineOutcome read = readMpcCometLine(line, records.records[result.read]);
+        MpcLineOutcome read = readMpcCometLine(line, scratch);
         read.line = number;
         switch (read.status) {
-            case MpcLineStatus::Ok: ++result.read; break;
+            case MpcLineStatus::Ok: records.records[result.read++] = scratch; break;
             case MpcLineStatus::Blank: ++result.blank; break;
             default:
                 ++result.skipped;

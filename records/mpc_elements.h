@@ -99,8 +99,8 @@ struct MpcFileResult {
     std::vector<MpcLineOutcome> rejected;  // the first refused lines, in file order
 };
 
-// Counts the lines, makes the array with that many records, fills it with the good
-// lines in file order and keeps only those. On CannotOpen and TooLarge the array is
+// Counts the lines that have a record's length, makes the array with that many
+// records, fills it with the good lines in file order and keeps only those. On CannotOpen and TooLarge the array is
 // left empty.
 MpcFileResult readMpcCometFile(const std::filesystem::path& file, RecordArray& records);
 MpcFileResult readMpcCometText(std::string_view text, RecordArray& records);

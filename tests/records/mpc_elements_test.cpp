@@ -333,6 +333,17 @@ TEST(MpcElements, ListOfRefusedLinesIsBounded) {
     EXPECT_EQ(result.read, 1u);
 }
 
+TEST(MpcElements, ShortLinesTakeNoRoomInTheArray) {
+    std::string text(200000, '\n');
+    text += kHalley;
+    RecordArray records;
+    const MpcFileResult result = readMpcCometText(text, records);
+    EXPECT_EQ(result.blank, 200000u);
+    EXPECT_EQ(result.read, 1u);
+    EXPECT_LE(records.records.capacity(), 1u);
+    EXPECT_EQ(records.records[0].get(Field::name), "Halley");
+}
+
 TEST(MpcElements, WholeReferenceFile) {
     RecordArray records;
     const MpcFileResult result = readMpcCometFile(orvane::testing::sharedPath("reference/CometEls.txt"), records);
