@@ -101,6 +101,7 @@ int widthInCharacters(Field field) {
     if (field == F::b_perturber) return 4;
     if (field == F::f_perturber) return 5;
     if (field == F::des || field == F::olddes) return 18;
+    if (field == F::hday) return 11;
     if (isLongText(field)) return 42;
     const FieldRule* rule = ruleOf(field);
     if (rule != nullptr && rule->isError) return 13;
