@@ -5,6 +5,7 @@
 
 #include "app/app_state.h"
 #include "app/startup.h"
+#include "ui/catalogue_commands.h"
 #include "ui/echeck_window.h"
 #include "ui/main_window.h"
 
@@ -23,7 +24,11 @@ int main(int argc, char** argv) {
     if (!orvane::RunEphemerisCheck(state)) return 0;
     orvane::PrepareCatalogue(state, report);
 
-    orvane::MainApp window(state);
+    // The commands outlive the window: at the end they wait for a worker that may
+    // still be finishing.
+    orvane::CatalogueCommands commands(state);
+    orvane::MainApp window(state, &commands);
+    commands.attach(&window);
     window.showAtStoredPlacement();
     app.exec();
     return 0;

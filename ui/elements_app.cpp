@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "app/app_state.h"
+#include "ui/elements_output.h"
 #include "ui/elements_page.h"
 #include "ui/splitter.h"
 
@@ -19,11 +20,6 @@ void paintWhite(QWidget* widget) {
 }
 
 }  // namespace
-
-ElementsOutput::ElementsOutput(QWidget* parent) : QWidget(parent) {
-    setObjectName("ElementsOutput");
-    paintWhite(this);
-}
 
 ElementsApp::ElementsApp(AppState& state, QWidget* parent) : QWidget(parent), state_(state) {
     setObjectName("ElementsApp");

@@ -4,18 +4,13 @@
 // states are kept in AppState.
 #include <QWidget>
 
+#include "ui/elements_output.h"
+
 namespace orvane {
 
 struct AppState;
 class ElementsPage;
 class SplitterApp;
-
-// The output pane. Its list of the search results is attached here.
-class ElementsOutput : public QWidget {
-    Q_OBJECT
-public:
-    explicit ElementsOutput(QWidget* parent);
-};
 
 class ElementsApp : public QWidget {
     Q_OBJECT

@@ -22,7 +22,9 @@
 #include "app/app_state.h"
 #include "app/startup.h"
 #include "ui/elements_app.h"
+#include "ui/elements_output.h"
 #include "ui/elements_page.h"
+#include "ui/my_list_view.h"
 #include "ui/my_tab.h"
 #include "ui/qt_text.h"
 #include "ui/start_page.h"
@@ -316,7 +318,8 @@ void MainApp::buildStatusBar() {
         part->setContentsMargins(4, 0, 4, 0);
     }
     // Right edges at W-400, W-300 and the window's edge.
-    statusParts_[1]->setFixedWidth(100);
+    // Part 2 grows past its 100 pixels when "Selected Items:" and a large count need it.
+    statusParts_[1]->setMinimumWidth(100);
     statusParts_[2]->setFixedWidth(300);
     bar->addWidget(statusParts_[0], 1);
     bar->addPermanentWidget(statusParts_[1]);
@@ -360,9 +363,12 @@ void MainApp::buildPages() {
     });
     connect(workPane(), &ElementsPage::searchStateChanged, this, &MainApp::onSearchStateChanged);
     connect(workPane(), &ElementsPage::searchRequested, this, [this] { runGroup(G::search); });
+    resultList()->setContextMenu(contextMenu162_);
 }
 
 ElementsPage* MainApp::workPane() const { return orbitsPage_->workPane(); }
+
+MyListView* MainApp::resultList() const { return orbitsPage_->outputPane()->list(); }
 
 QAction* MainApp::action(int id) const {
     const auto found = actions_.find(id);
@@ -450,15 +456,37 @@ void MainApp::showPage(Page page) {
     else
         pages_->setCurrentWidget(observations_);
     showStatus(pageStatus_[static_cast<std::size_t>(page)]);
+    for (int part = 2; part <= 3; ++part) {
+        const QString& text = pageParts_[static_cast<std::size_t>(page)][static_cast<std::size_t>(part - 2)];
+        statusParts_[part - 1]->setText(text);
+        statusParts_[part - 1]->setToolTip(text);
+    }
     flags_.applyPageRules(page, workPane()->searchRequest() && !searchRunning_, state_.workPaneHidden != 0,
                           state_.outputPaneHidden != 0);
+    holdCatalogueCommands();
     syncCommandStates();
     tabs_->update();
+    emit pageShown(page);
 }
 
 void MainApp::onSearchStateChanged() {
-    flags_.set(G::search, page_ == Page::orbits && workPane()->searchRequest() && !searchRunning_);
+    flags_.set(G::search,
+               page_ == Page::orbits && workPane()->searchRequest() && !searchRunning_ && !catalogueBusy_);
     syncCommandStates();
+}
+
+void MainApp::setCatalogueBusy(bool busy) {
+    catalogueBusy_ = busy;
+    holdCatalogueCommands();
+    syncCommandStates();
+}
+
+void MainApp::holdCatalogueCommands() {
+    if (!catalogueBusy_) return;
+    for (G group : {G::search, G::add, G::edit, G::duplicate, G::remove, G::additionalInfo, G::importRecords,
+                    G::exportRecords, G::updateDatabase, G::saveAs, G::selectAll})
+        flags_.set(group, 0);
+    flags_.setTasks(0);
 }
 
 void MainApp::setSearchRunning(bool running) {
@@ -510,6 +538,16 @@ void MainApp::setPageStatusText(Page page, const QString& text) {
     if (page == page_) showStatus(pageStatus_[static_cast<std::size_t>(page)]);
 }
 
+void MainApp::setPageStatusPart(Page page, int part, const QString& text) {
+    if (part < 2 || part > 3) return;
+    const auto p = static_cast<std::size_t>(page);
+    pageParts_[p][static_cast<std::size_t>(part - 2)] = text;
+    if (page == page_) {
+        statusParts_[part - 1]->setText(text);
+        statusParts_[part - 1]->setToolTip(text);
+    }
+}
+
 void MainApp::showStatus(const StatusText& status) {
     statusParts_[0]->setText(status.key > 0 ? qtText(Section::orvStatus, status.key) : status.text);
 }
@@ -541,6 +579,7 @@ void MainApp::retitle() {
     showStatus(pageStatus_[static_cast<std::size_t>(page_)]);
     startPage_->retitle();
     workPane()->retitle();
+    resultList()->resultModel()->retitle();
     update();
 }
 
@@ -604,6 +643,11 @@ void MainApp::changeEvent(QEvent* event) {
 }
 
 void MainApp::closeEvent(QCloseEvent* event) {
+    // The close box is off while a catalogue worker runs.
+    if (catalogueBusy_) {
+        event->ignore();
+        return;
+    }
     help_.end();
     SaveSettings(state_);
     QMainWindow::closeEvent(event);

@@ -24,6 +24,7 @@ namespace orvane {
 struct AppState;
 class ElementsApp;
 class ElementsPage;
+class MyListView;
 class MyTab;
 class ObservationsApp;
 class StartPageApp;
@@ -61,6 +62,14 @@ public:
     void setPageStatus(Page page, int statusKey);
     void setPageStatusText(Page page, const QString& text);
     QString statusText(int part) const;
+    // Parts 2 and 3 of a page: the selection and the result of the list, or the time
+    // left of a batch. They come back with the page.
+    void setPageStatusPart(Page page, int part, const QString& text);
+
+    // A catalogue worker runs: the commands that could start another one stay off
+    // whatever the page or the list would allow, and the window does not close.
+    void setCatalogueBusy(bool busy);
+    bool catalogueBusy() const { return catalogueBusy_; }
     QProgressBar* progressBar() const { return progress_; }
 
     // After each change of the catalogue: the statistics again, on both pages.
@@ -80,10 +89,13 @@ public:
     StartPageApp* startPage() const { return startPage_; }
     ElementsApp* orbitsPage() const { return orbitsPage_; }
     ElementsPage* workPane() const;
+    MyListView* resultList() const;
     HelpViewer& helpViewer() { return help_; }
 
 signals:
     void closedAndSaved();
+    // A page was shown and its enable rules applied.
+    void pageShown(Page page);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -114,6 +126,7 @@ private:
     void toggleToolbar();
     void applyPaneState();
     void syncCommandStates();
+    void holdCatalogueCommands();
     void showStatus(const StatusText& status);
     void onTabHover(int index);
     void onSearchStateChanged();
@@ -124,6 +137,7 @@ private:
     EnableFlags flags_;
     Page page_ = Page::startPage;
     bool searchRunning_ = false;
+    bool catalogueBusy_ = false;
     HelpViewer help_;
 
     std::multimap<int, QAction*> actions_;
@@ -140,6 +154,7 @@ private:
     QLabel* statusParts_[3] = {nullptr, nullptr, nullptr};
     QProgressBar* progress_ = nullptr;
     std::array<StatusText, kPageCount> pageStatus_{};
+    std::array<std::array<QString, 2>, kPageCount> pageParts_{};
     bool ignorePlacement_ = true;  // raised while the window lays itself out
 };
 
