@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstdlib>
 
@@ -47,9 +48,17 @@ double leadingNumber(std::string_view text) {
     return std::strtod(copy.c_str(), nullptr);
 }
 
+// The id of a row, read on every draw of a cell: digits only, no allocation.
 long long leadingInteger(std::string_view text) {
-    const std::string copy(text);
-    return std::strtoll(copy.c_str(), nullptr, 10);
+    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+    const bool negative = !text.empty() && text.front() == '-';
+    if (negative) text.remove_prefix(1);
+    long long value = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9' || value > (LLONG_MAX - 9) / 10) break;
+        value = value * 10 + (c - '0');
+    }
+    return negative ? -value : value;
 }
 
 int clampedInt(std::string_view text) {
@@ -209,15 +218,15 @@ int ResultListModel::columnCount(const QModelIndex& parent) const {
 QVariant ResultListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     const int column = index.column();
-    const bool sorted = sort_.column != kNoSortColumn && sortColumnOf(column) == sort_.column;
+    auto sorted = [&] { return sort_.column != kNoSortColumn && sortColumnOf(column) == sort_.column; };
     switch (role) {
         case Qt::DisplayRole:
             if (column == 0) return index.row() + 1;
             return qText(cellText(index.row(), column));
-        case Qt::BackgroundRole: return sorted ? kSortedBackground : kPlainBackground;
+        case Qt::BackgroundRole: return sorted() ? kSortedBackground : kPlainBackground;
         case Qt::ForegroundRole: {
             const bool user = userRecord(index.row());
-            if (sorted) return user ? kSortedUserText : kSortedCatalogueText;
+            if (sorted()) return user ? kSortedUserText : kSortedCatalogueText;
             return user ? kPlainUserText : kPlainCatalogueText;
         }
         default: return {};
