@@ -1,5 +1,5 @@
 #!/bin/sh
-# Builds the two libFuzzer targets of the record readers with clang and runs each
+# Builds the libFuzzer targets of the record readers with clang and runs each
 # for SECONDS seconds (default 60): records/fuzz/run.sh [SECONDS] [BUILD_DIR]
 set -eu
 seconds=${1:-60}
@@ -10,7 +10,7 @@ mkdir -p "$out"
 sources="$root/records/*.cpp $root/base/fixed_text.cpp $root/base/fortran_format.cpp \
   $root/base/list_directed.cpp $root/astro/calendar.cpp $root/catalogue/*.cpp"
 flags="-std=c++20 -O1 -g -fsanitize=fuzzer,address,undefined -I$root"
-for target in fuzz_els_reader fuzz_list_reader; do
+for target in fuzz_els_reader fuzz_list_reader fuzz_mpc_reader; do
   # shellcheck disable=SC2086
   clang++ $flags -o "$out/$target" "$here/$target.cpp" $sources -lsqlite3
   mkdir -p "$out/$target.corpus"
