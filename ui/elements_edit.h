@@ -50,6 +50,8 @@ public:
     ElementsEdit(RecordMode mode, RecordArray records, QWidget* parent = nullptr);
     ~ElementsEdit() override;
 
+    // Called by Apply with the checked batch; the window closes right after, so the
+    // handler may start a worker but must not delete the window (deleteLater is fine).
     void setBatchHandler(RecordBatchHandler handler) { batchHandler_ = std::move(handler); }
     void setMessageHook(RecordMessageHook hook) { messageHook_ = std::move(hook); }
     // Options of the info mode: the caller opens the options window.
