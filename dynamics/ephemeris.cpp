@@ -47,6 +47,7 @@ EphemerisStatus Ephemeris::OpenEphemeris(int choice, const std::filesystem::path
 }
 
 void Ephemeris::Close() {
+    ++generation_;
     if (file_.is_open()) file_.close();
     file_.clear();
     open_ = false;
@@ -129,6 +130,7 @@ EphemerisStatus Ephemeris::OpenEphemerisFile(const std::filesystem::path& path) 
     raw_.assign(static_cast<std::size_t>(recordBytes), 0);
     cachedRecord_ = 0;
     bufferRecord_ = 0;
+    ++generation_;
     open_ = true;
     return EphemerisStatus::Ok;
 }
@@ -187,8 +189,14 @@ EphemerisStatus Ephemeris::SeriesStates(double t1, double t2, const SeriesFlags&
     if (bufferRecord_ != nr) status = EphemerisStatus::StaleRecord;
 
     const double span = ss[2];
-    chebyshev_.Evaluate(record_.data(), header_.ipt[10], 3, tau, span, 3, series_.sun.data());
-    for (double& v : series_.sun) v *= kKilometreToAu;
+    // The Sun to the highest order any body asks for: its other derivatives
+    // would serve nobody in this call and keep their earlier values.
+    int sunOrder = frame == SeriesFrame::Heliocentric ? 3 : 1;
+    for (int i = 0; i < 10; ++i) sunOrder = std::max(sunOrder, flags[static_cast<std::size_t>(i)]);
+    sunOrder = std::min(sunOrder, 3);
+    std::array<double, 9> sun{};
+    chebyshev_.Evaluate(record_.data(), header_.ipt[10], 3, tau, span, sunOrder, sun.data());
+    for (std::size_t k = 0; k < 3 * static_cast<std::size_t>(sunOrder); ++k) series_.sun[k] = sun[k] * kKilometreToAu;
 
     for (int i = 0; i < 10; ++i) {
         const int order = flags[static_cast<std::size_t>(i)];
@@ -266,11 +274,15 @@ EphemerisStatus Ephemeris::RelativeState(double jd, int target, int centre, Stat
 // the one RelativeState(jd, body, 11) gives, value for value, since the
 // series and the Earth and Moon rules are the same.
 EphemerisStatus Ephemeris::BodyStates(double jd, BodyStatesResult& out) {
+    return BodyStates(jd, out, requestFlags_);
+}
+
+EphemerisStatus Ephemeris::BodyStates(double jd, BodyStatesResult& out, const std::array<int, 13>& request) {
     if (!open_) return EphemerisStatus::NotOpen;
     SeriesFlags flags{};
     bool any = false;
     for (int body = 1; body <= 13; ++body) {
-        const int flag = std::clamp(requestFlags_[static_cast<std::size_t>(body - 1)], 0, 3);
+        const int flag = std::clamp(request[static_cast<std::size_t>(body - 1)], 0, 3);
         if (flag == 0) continue;
         MarkBody(body, flag, flags);
         any = true;
@@ -283,7 +295,7 @@ EphemerisStatus Ephemeris::BodyStates(double jd, BodyStatesResult& out) {
     const State9& sun = pv[kSun];
     for (int body = 1; body <= 13; ++body) {
         const auto i = static_cast<std::size_t>(body - 1);
-        const int flag = std::clamp(requestFlags_[i], 0, 3);
+        const int flag = std::clamp(request[i], 0, 3);
         if (flag == 0) continue;
         const State9& s = pv[static_cast<std::size_t>(body)];
         for (std::size_t k = 0; k < 3; ++k) {

@@ -56,7 +56,9 @@ inline constexpr double kKilometreToAu = 6.6845871226705985e-09;
 // Flags of the series a SeriesStates call evaluates, as JPL's list: entries
 // 0 to 9 bodies 1 to 10 (entry 2 being the Earth-Moon barycentre's series),
 // 10 nutations, 11 librations; 0 none, 1 position, 2 with velocity, 3 with
-// acceleration. The Sun is always evaluated.
+// acceleration. The Sun is always evaluated: to the highest order of the flagged
+// series (its further derivatives keep their values), and whole in the
+// heliocentric frame.
 using SeriesFlags = std::array<int, 12>;
 
 enum class SeriesFrame {
@@ -122,6 +124,8 @@ public:
     // bodies 11 and 12 stay as they were. Flags: 0 none, 1 position,
     // 2 with velocity, 3 with acceleration.
     EphemerisStatus BodyStates(double jd, BodyStatesResult& out);
+    // The same with flags of the caller's own instead of the request flags.
+    EphemerisStatus BodyStates(double jd, BodyStatesResult& out, const std::array<int, 13>& flags);
     std::array<int, 13>& requestFlags() { return requestFlags_; }
     const std::array<int, 13>& requestFlags() const { return requestFlags_; }
 
@@ -134,6 +138,9 @@ public:
     // for callers that watch the cache.
     long long cachedRecord() const { return cachedRecord_; }
     long long recordReads() const { return recordReads_; }
+    // Changes with every open and close, so that callers who keep states of
+    // their own know when the file behind them changed.
+    long long generation() const { return generation_; }
 
 private:
     static constexpr std::size_t kEmbSeries = kEarth - 1;
@@ -161,6 +168,7 @@ private:
     long long cachedRecord_ = 0;      // record number remembered by SeriesStates
     long long bufferRecord_ = 0;      // record whose coefficients are in record_
     long long recordReads_ = 0;
+    long long generation_ = 0;
     ChebyshevSeries chebyshev_;
     SeriesResult series_;
     std::array<int, 13> requestFlags_;

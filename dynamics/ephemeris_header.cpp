@@ -49,7 +49,12 @@ long long SeriesEnd(const SeriesLayout& s, int components) {
 
 double LittleEndianDouble(const unsigned char* p) {
     std::uint64_t bits = 0;
-    for (int i = 7; i >= 0; --i) bits = (bits << 8) | p[i];
+    if constexpr (std::endian::native == std::endian::little) {
+        // A record is 1018 of these: on this byte order they are plain copies.
+        std::memcpy(&bits, p, sizeof bits);
+    } else {
+        for (int i = 7; i >= 0; --i) bits = (bits << 8) | p[i];
+    }
     return std::bit_cast<double>(bits);
 }
 

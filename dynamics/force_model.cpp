@@ -40,11 +40,37 @@ void ForceModel::SetReferenceOrbit(const ReferenceOrbit& orbit) {
     referenceEpochDouble_ = static_cast<double>(orbit.t0);
 }
 
+namespace {
+constexpr std::array<int, 13> kPerturberPositions = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 0, 0, 0};
+}  // namespace
+
+void ForceModel::FetchPlanets(double jd) {
+    const long long generation = ephemeris_.generation();
+    for (const PlanetPlaces& p : kept_) {
+        if (p.jd == jd && p.generation == generation) {
+            planets_ = p.states;
+            ephemerisStatus_ = p.status;
+            return;
+        }
+    }
+    ++planetFetches_;
+    ephemerisStatus_ = ephemeris_.BodyStates(jd, planets_, kPerturberPositions);
+    // A failed read is not kept: asked again, the reader answers from the
+    // buffer it kept, and so must the force.
+    if (ephemerisStatus_ != EphemerisStatus::Ok) return;
+    PlanetPlaces& slot = kept_[nextKept_];
+    nextKept_ = (nextKept_ + 1) % kKeptPlaces;
+    slot.jd = jd;
+    slot.generation = generation;
+    slot.status = ephemerisStatus_;
+    slot.states = planets_;
+}
+
 void ForceModel::EvaluateForce(const Vector3& dr, const Vector3& dv, double t, Vector3& a) {
     ++evaluations_;
 
     // 1. Planets relative to the Sun.
-    ephemerisStatus_ = ephemeris_.BodyStates(t + runEpoch_, planets_);
+    FetchPlanets(t + runEpoch_);
 
     // 2. Reference orbit at t, and the true place.
     const StateVector ref = PropagateUniversal(referenceDouble_, referenceEpochDouble_, t);
@@ -86,9 +112,12 @@ void ForceModel::EvaluateForce(const Vector3& dr, const Vector3& dv, double t, V
         lawDistance = Length(Vector3{shifted.x, shifted.y, shifted.z});
     }
 
-    // 7 to 9. The push itself, always added; zero parameters add zero.
-    const Vector3 push = NonGravityAcceleration(r, v, NonGravityLaw(lawDistance), nonGravity_);
-    for (std::size_t k = 0; k < 3; ++k) a[k] += push[k];
+    // 7 to 9. The push itself. Zero parameters add zero, so the law and its
+    // three powers are left out for them.
+    if (nonGravity_.A1 != 0.0 || nonGravity_.A2 != 0.0 || nonGravity_.A3 != 0.0) {
+        const Vector3 push = NonGravityAcceleration(r, v, NonGravityLaw(lawDistance), nonGravity_);
+        for (std::size_t k = 0; k < 3; ++k) a[k] += push[k];
+    }
 }
 
 }  // namespace orvane

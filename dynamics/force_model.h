@@ -100,6 +100,9 @@ public:
 
     // Counters for tests and measurements.
     long long evaluations() const { return evaluations_; }
+    // BodyStates calls that EvaluateForce made (the others were served again
+    // from the places it kept).
+    long long planetFetches() const { return planetFetches_; }
     long long propagations() const { return propagations_; }
     // Status of the last planet fetch of EvaluateForce; the integration goes on
     // whatever it is, with the earlier planet places standing after a failure.
@@ -107,6 +110,19 @@ public:
     const BodyStatesResult& planets() const { return planets_; }
 
 private:
+    // The planets at one instant, as BodyStates gave them.
+    struct PlanetPlaces {
+        double jd = 0.0;
+        long long generation = -1;
+        EphemerisStatus status = EphemerisStatus::Ok;
+        BodyStatesResult states;
+    };
+    // The force needs the places of the ten perturbers and nothing else, so it
+    // asks for positions only: their velocities would be computed for nobody.
+    // The iterations of a sequence ask for the planets at the same substep
+    // times again; those places are kept and served without a new fetch.
+    void FetchPlanets(double jd);
+
     // N-body acceleration of the plain equation with planets from `bodies`.
     Vector3 PlainForce(const Vector3& r, const BodyStatesResult& bodies) const;
 
@@ -125,6 +141,10 @@ private:
     BodyStatesResult refinePlanets_;  // of RefineClosestApproach and PlainAcceleration,
                                       // which the book may call from inside EvaluateForce
     EphemerisStatus ephemerisStatus_ = EphemerisStatus::Ok;
+    static constexpr std::size_t kKeptPlaces = 8;
+    std::array<PlanetPlaces, kKeptPlaces> kept_{};
+    std::size_t nextKept_ = 0;
+    long long planetFetches_ = 0;
     long long evaluations_ = 0;
     long long propagations_ = 0;
 };

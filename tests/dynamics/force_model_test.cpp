@@ -319,5 +319,72 @@ TEST_F(ForceModelTest, RefiningFromInsideTheEvaluationLeavesItAlone) {
     EXPECT_EQ(a, b);
 }
 
+
+TEST_F(ForceModelTest, PlanetsAtAnInstantAskedAgainAreServedWithoutAFetch) {
+    ForceModel force(eph_);
+    force.SetRunEpoch(kEpoch);
+    force.SetReferenceOrbit(Reference(Comet(), 0.0));
+    Vector3 first{}, again{};
+    force.EvaluateForce({1e-6, 0, 0}, {0, 0, 0}, 0.25, first);
+    EXPECT_EQ(force.planetFetches(), 1);
+    force.EvaluateForce({0, 0, 0}, {0, 0, 0}, 0.5, again);
+    EXPECT_EQ(force.planetFetches(), 2);
+    force.EvaluateForce({1e-6, 0, 0}, {0, 0, 0}, 0.25, again);
+    EXPECT_EQ(force.planetFetches(), 2);
+    EXPECT_EQ(force.evaluations(), 3);
+    // Bit for bit what the fetch gave.
+    EXPECT_EQ(again, first);
+    BodyStatesResult direct;
+    ASSERT_EQ(eph_.BodyStates(kEpoch + 0.25, direct), EphemerisStatus::Ok);
+    for (std::size_t i = 0; i < 10; ++i) EXPECT_EQ(force.planets().position[i], direct.position[i]);
+}
+
+TEST_F(ForceModelTest, TheForceAsksForThePerturbersPlacesOnly) {
+    ForceModel force(eph_);
+    force.SetRunEpoch(kEpoch);
+    force.SetReferenceOrbit(Reference(Comet(), 0.0));
+    Vector3 a{};
+    force.EvaluateForce({0, 0, 0}, {0, 0, 0}, 1.0, a);
+    BodyStatesResult direct;
+    ASSERT_EQ(eph_.BodyStates(kEpoch + 1.0, direct), EphemerisStatus::Ok);
+    for (std::size_t i = 0; i < 10; ++i) {
+        EXPECT_EQ(force.planets().position[i], direct.position[i]) << "body " << i + 1;
+        EXPECT_EQ(force.planets().velocity[i], (std::array<double, 3>{0.0, 0.0, 0.0}));
+    }
+    // The reader's own request flags are the other callers'; they leave the force alone.
+    eph_.requestFlags().fill(0);
+    Vector3 again{};
+    force.EvaluateForce({0, 0, 0}, {0, 0, 0}, 2.0, again);
+    force.EvaluateForce({0, 0, 0}, {0, 0, 0}, 1.0, again);
+    EXPECT_EQ(again, a);
+}
+
+TEST_F(ForceModelTest, KeptPlanetsFollowTheFile) {
+    ForceModel force(eph_);
+    force.SetRunEpoch(kEpoch);
+    force.SetReferenceOrbit(Reference(Comet(), 0.0));
+    Vector3 a{};
+    force.EvaluateForce({0, 0, 0}, {0, 0, 0}, 1.0, a);
+    force.EvaluateForce({0, 0, 0}, {0, 0, 0}, 1.0, a);
+    EXPECT_EQ(force.planetFetches(), 1);
+    force.EvaluateForce({0, 0, 0}, {0, 0, 0}, 1.5, a);
+    EXPECT_EQ(force.planetFetches(), 2);
+    ASSERT_EQ(eph_.OpenEphemerisFile(testing::sharedPath("ephemerides/de405-1960-2060.dat")),
+              EphemerisStatus::Ok);
+    force.EvaluateForce({0, 0, 0}, {0, 0, 0}, 1.0, a);
+    EXPECT_EQ(force.planetFetches(), 3);
+}
+
+TEST_F(ForceModelTest, AFailedFetchIsAskedAgain) {
+    ForceModel force(eph_);
+    force.SetRunEpoch(2400000.5);  // before the file
+    force.SetReferenceOrbit(Reference(Comet(), 0.0));
+    Vector3 a{};
+    force.EvaluateForce({0, 0, 0}, {0, 0, 0}, 0.0, a);
+    EXPECT_NE(force.ephemerisStatus(), EphemerisStatus::Ok);
+    force.EvaluateForce({0, 0, 0}, {0, 0, 0}, 0.0, a);
+    EXPECT_EQ(force.planetFetches(), 2);
+}
+
 }  // namespace
 }  // namespace orvane
