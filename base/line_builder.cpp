@@ -41,6 +41,19 @@ LineBuilder& LineBuilder::padFrom(std::size_t start, std::size_t width) {
     return *this;
 }
 
+LineBuilder& LineBuilder::rightAlignFrom(std::size_t start, std::size_t width) {
+    if (start > line_.size()) return *this;
+    const auto firstText = line_.find_first_not_of(' ', start);
+    line_.erase(start, (firstText == std::string::npos ? line_.size() : firstText) - start);
+    const std::size_t length = line_.size() - start;
+    if (length >= width) {
+        line_.resize(start + width);
+    } else {
+        line_.insert(start, width - length, ' ');
+    }
+    return *this;
+}
+
 std::span<char> LineBuilder::lastField(int w) {
     const std::size_t width = w > 0 ? static_cast<std::size_t>(w) : 0;
     return {line_.data() + line_.size() - width, width};

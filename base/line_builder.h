@@ -36,6 +36,9 @@ public:
     // number written narrower than its column ("E21.15 in a field of 23") is filled
     // at the right.
     LineBuilder& padFrom(std::size_t start, std::size_t width);
+    // The text appended since `start`, its leading blanks dropped, right-aligned in
+    // width as right() aligns a text, in place: a column built from its parts.
+    LineBuilder& rightAlignFrom(std::size_t start, std::size_t width);
 
     LineBuilder& fieldI(long long value, int w);
     LineBuilder& fieldF(double value, int w, int d);

@@ -25,7 +25,7 @@ double Field(const std::string& line, std::size_t from, std::size_t to) {
 
 struct NullHooks : RunHooks {
     long long lines = 0;
-    void EmitEphemerisHeader(int, const RunObject&, const EphemerisLine&) override {}
+    bool EmitEphemerisHeader(int, const RunObject&, const EphemerisLine&) override { return true; }
     void EmitEphemerisLine(int, const RunObject&, const EphemerisLine&) override { ++lines; }
     void EmitEphemerisTrailer(int, const RunObject&) override {}
     long long EphemerisFileBytes() override { return 0; }
@@ -33,12 +33,13 @@ struct NullHooks : RunHooks {
     void EmitApproachRows(int, const RunObject&, const std::vector<ApproachRow>&) override {}
     void DrawOrbitFrame(int, const RunObject&, const BodyStatesResult&) override {}
     void ShowObjectLabel(TaskKind, int, int) override {}
-    void ShowStatus(const std::string&) override {}
+    void ShowStatus(RunStatus) override {}
     void SetProgressRange(int) override {}
     void StepProgress() override {}
     void ShowRemainingTime(int, int, int) override {}
     void ShowLeftSolarSystem(const std::string&) override {}
     bool AskContinueWithoutFile(int) override { return true; }
+    void ShowFileOpenFailure() override {}
     void ReportNoCloseApproaches() override {}
     void RunStarted() override {}
     void EndRun() override {}

@@ -14,6 +14,14 @@
 namespace orvane {
 namespace {
 
+// Seconds split with trunc into hours, minutes and seconds for the view.
+void ShowRemainingSeconds(RunHooks& hooks, double seconds) {
+    const double hours = std::trunc(seconds / 3600.0);
+    const double minutes = std::trunc((seconds - hours * 3600.0) / 60.0);
+    const double rest = std::trunc(seconds - hours * 3600.0 - minutes * 60.0);
+    hooks.ShowRemainingTime(static_cast<int>(hours), static_cast<int>(minutes), static_cast<int>(rest));
+}
+
 constexpr double kLeaveDistance = 150.0;     // AU
 constexpr double kLeaveMeanAnomaly = 35000.0;  // degrees
 constexpr int kProgressLimit = 65535;
@@ -258,10 +266,7 @@ void ObjectSpan::Progress(double t) {
     // A run that crosses midnight sees a negative time and gives no update.
     if (elapsed > 1.0 && at > markT_) {
         const double seconds = (std::fabs(tf_) - at) * elapsed / (at - markT_);
-        const double hours = std::trunc(seconds / 3600.0);
-        const double minutes = std::trunc((seconds - hours * 3600.0) / 60.0);
-        const double rest = std::trunc(seconds - hours * 3600.0 - minutes * 60.0);
-        hooks_.ShowRemainingTime(static_cast<int>(hours), static_cast<int>(minutes), static_cast<int>(rest));
+        ShowRemainingSeconds(hooks_, seconds);
         markSeconds_ = now;
         markT_ = at;
     }
@@ -309,7 +314,10 @@ ObjectEnd ObjectSpan::Run(int ordinal, int total) {
         EphemerisLine first;
         const IntegrationBlock& b = object_.block;
         PositionPipeline(Comet(ElementsOf(b), StateOf(b)), run_.options, ephemeris_, runEpoch_, first);
-        hooks_.EmitEphemerisHeader(index_, object_, first);
+        if (!hooks_.EmitEphemerisHeader(index_, object_, first)) {
+            hooks_.ShowFileOpenFailure();
+            return ObjectEnd::FileFailed;
+        }
     }
     if (dir_ != 0) {
         Integrator integrator(force_);
@@ -407,6 +415,8 @@ void CalculationRun::Execute() {
     run_.running = 1;
     run_.stoppable = 1;
     hooks_.RunStarted();
+    hooks_.ShowStatus(RunStatus::Prepare);
+    hooks_.ShowRemainingTime(0, 0, 0);
     const int count = static_cast<int>(run_.objects.size());
     run_.rows.assign(run_.objects.size(), {});
     run_.intervalState.assign(run_.objects.size(), 1);
@@ -415,11 +425,17 @@ void CalculationRun::Execute() {
     const int total = last - first + 1;
     bool anyRow = false;
     for (int index = first; index <= last; ++index) {
+        const double started = clock_();
         const ObjectEnd end = RunObjectSpan(index, index - first + 1, total);
         if (!run_.rows[static_cast<std::size_t>(index)].empty()) anyRow = true;
-        if (end == ObjectEnd::Stopped || end == ObjectEnd::Refused) break;
+        // The clock time of this object, for each object still to come; a run
+        // that crossed midnight sees a negative time and gives no estimate.
+        const double spent = clock_() - started;
+        if (spent >= 0.0) ShowRemainingSeconds(hooks_, spent * static_cast<double>(last - index));
+        if (end == ObjectEnd::Stopped || end == ObjectEnd::Refused || end == ObjectEnd::FileFailed) break;
     }
     if (run_.task == TaskKind::CloseApproaches && !anyRow) hooks_.ReportNoCloseApproaches();
+    hooks_.ShowStatus(RunStatus::Ready);
     hooks_.EndRun();
     if (run_.rate == 1) run_.rate = 2;
     run_.paused = 0;

@@ -33,6 +33,7 @@ enum class ObjectEnd {
     LeftSolarSystem, // the stop message was shown; the run goes on with the next object
     Stopped,         // the user's Stop, or No to the file question: the run ends
     Refused,         // the integrator refused the first step: the run ends
+    FileFailed,      // the ephemeris file could not be created: the run ends
 };
 
 class CalculationRun {

@@ -13,14 +13,17 @@
 
 namespace orvane {
 
+enum class RunStatus { Prepare, Ready };
+
 class RunHooks {
 public:
     // Ephemeris text and file. The header opens the object's table (and its
     // file when the file is its own) with `first`, the line of the run's start
     // instant, as its first data line; each later line is one output instant; the
     // trailer writes the closing rule and closes the object's file, unless
-    // all objects share one file, which EndRun closes.
-    virtual void EmitEphemerisHeader(int objectIndex, const RunObject& object,
+    // all objects share one file, which EndRun closes. The header answers false
+    // when the file could not be created: the run then reports it and ends.
+    virtual bool EmitEphemerisHeader(int objectIndex, const RunObject& object,
                                      const EphemerisLine& first) = 0;
     virtual void EmitEphemerisLine(int objectIndex, const RunObject& object,
                                    const EphemerisLine& line) = 0;
@@ -42,7 +45,8 @@ public:
 
     // The view. Ordinal counts from 1 ("1st ... of 3").
     virtual void ShowObjectLabel(TaskKind task, int ordinal, int total) = 0;
-    virtual void ShowStatus(const std::string& text) = 0;
+    // "Status: Prepare..." at the start of a run, "Status: Ready..." at its end.
+    virtual void ShowStatus(RunStatus status) = 0;
     // Range in units of the bar: whole days of the span, or units of 40 days
     // when that is above 65535.
     virtual void SetProgressRange(int units) = 0;
@@ -53,6 +57,9 @@ public:
     // The Yes/No question of the full ephemeris file; true for Yes (go on
     // without writing), false for No (stop the run).
     virtual bool AskContinueWithoutFile(int limitMegabytes) = 0;
+    // The header could not create its file (the hooks know which); the run
+    // ends after this.
+    virtual void ShowFileOpenFailure() = 0;
     // "No close-approaches were found in selected interval..." at the end of a
     // Close Approaches run with an empty book.
     virtual void ReportNoCloseApproaches() = 0;

@@ -29,7 +29,7 @@ Sexagesimal split(double value) {
 
 // I3 of the signed whole part, with the sign also for -0.
 void appendWhole(LineBuilder& b, const Sexagesimal& s) {
-    std::string field;
+    std::string field;  // three characters: no allocation
     LineBuilder(field).fieldI(s.whole, 3);
     if (s.negative) {
         const auto firstDigit = field.find_first_not_of(' ');
@@ -42,16 +42,25 @@ void appendWhole(LineBuilder& b, const Sexagesimal& s) {
     b.text(field);
 }
 
-std::string sexagesimal(const Sexagesimal& s, int secondsWidth, int secondsDecimals, const std::string& first,
-                        const std::string& second, const std::string& third) {
-    std::string text;
-    LineBuilder b(text);
+void appendSexagesimal(LineBuilder& b, const Sexagesimal& s, int secondsWidth, int secondsDecimals,
+                       std::string_view first, std::string_view second, std::string_view third) {
     appendWhole(b, s);
     b.text(first).fieldIZero(s.minutes, 2).text(second).fieldFZero(s.seconds, secondsWidth, secondsDecimals).text(third);
+}
+
+std::string sexagesimal(const Sexagesimal& s, int secondsWidth, int secondsDecimals, std::string_view first,
+                        std::string_view second, std::string_view third) {
+    std::string text;
+    LineBuilder b(text);
+    appendSexagesimal(b, s, secondsWidth, secondsDecimals, first, second, third);
     return text;
 }
 
 }  // namespace
+
+void AppendHours(LineBuilder& b, double hours) { appendSexagesimal(b, split(hours), 5, 2, " ", " ", ""); }
+
+void AppendDegrees(LineBuilder& b, double degrees) { appendSexagesimal(b, split(degrees), 4, 1, " ", " ", ""); }
 
 CoordinateText HoursText(double hours) {
     const Sexagesimal s = split(hours);

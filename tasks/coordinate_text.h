@@ -8,6 +8,7 @@
 // ("-0 30 00.0" in its field of three: " -0 30 00.0").
 #include <string>
 
+#include "base/line_builder.h"
 #include "tasks/task_texts.h"
 
 namespace orvane {
@@ -22,5 +23,9 @@ CoordinateText HoursText(double hours);
 
 // An angle in degrees (longitude, azimuth, declination, latitude, altitude), 11 columns.
 CoordinateText DegreesText(double degrees, const TaskTexts& texts);
+
+// The file's forms appended to a line that is being built.
+void AppendHours(LineBuilder& b, double hours);
+void AppendDegrees(LineBuilder& b, double degrees);
 
 }  // namespace orvane

@@ -44,9 +44,14 @@ void appendDaysHms(LineBuilder& b, double days, int width, bool trimmed) {
     appendHms(b, std::fabs(shifted - whole));
 }
 
-std::string_view trimLeft(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    return first == std::string_view::npos ? std::string_view{} : text.substr(first);
+void appendDateText(LineBuilder& b, JulianDate jd, bool datesInJulianDays, bool showHms) {
+    if (!datesInJulianDays) {
+        appendCalendarDate(b, jd, showHms);
+    } else if (!showHms) {
+        b.fieldF(jd, 16, 8);
+    } else {
+        appendDaysHms(b, jd, 7, false);
+    }
 }
 
 }  // namespace
@@ -61,22 +66,22 @@ std::string HmsText(double dayFraction) {
 std::string DateText(JulianDate jd, bool datesInJulianDays, bool showHms) {
     std::string text;
     LineBuilder b(text);
-    if (!datesInJulianDays) {
-        appendCalendarDate(b, jd, showHms);
-    } else if (!showHms) {
-        b.fieldF(jd, 16, 8);
-    } else {
-        appendDaysHms(b, jd, 7, false);
-    }
+    appendDateText(b, jd, datesInJulianDays, showHms);
     return text;
 }
 
 int DateColumnWidth(bool datesInJulianDays) { return datesInJulianDays ? 18 : 22; }
 
+void AppendDateColumn(LineBuilder& b, JulianDate jd, bool datesInJulianDays, bool showHms) {
+    const std::size_t start = b.size();
+    appendDateText(b, jd, datesInJulianDays, showHms);
+    b.rightAlignFrom(start, static_cast<std::size_t>(DateColumnWidth(datesInJulianDays)));
+}
+
 std::string DateColumn(JulianDate jd, bool datesInJulianDays, bool showHms) {
     std::string column;
-    LineBuilder(column).right(trimLeft(DateText(jd, datesInJulianDays, showHms)),
-                              static_cast<std::size_t>(DateColumnWidth(datesInJulianDays)));
+    LineBuilder b(column);
+    AppendDateColumn(b, jd, datesInJulianDays, showHms);
     return column;
 }
 
@@ -88,14 +93,18 @@ std::string DateColumnHeader(const TaskTexts& texts, bool datesInJulianDays) {
     return header;
 }
 
-std::string RelativeDaysText(double days, bool showHms) {
-    std::string text;
-    LineBuilder b(text);
+void AppendRelativeDays(LineBuilder& b, double days, bool showHms) {
     if (showHms) {
         appendDaysHms(b, days, 7, false);
     } else {
         b.fieldF(days, 16, 8);
     }
+}
+
+std::string RelativeDaysText(double days, bool showHms) {
+    std::string text;
+    LineBuilder b(text);
+    AppendRelativeDays(b, days, showHms);
     return text;
 }
 

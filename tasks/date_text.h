@@ -4,6 +4,7 @@
 #include <string>
 
 #include "astro/calendar.h"
+#include "base/line_builder.h"
 #include "tasks/task_texts.h"
 
 namespace orvane {
@@ -25,6 +26,8 @@ int DateColumnWidth(bool datesInJulianDays);
 
 // The date right-aligned in its column; the year keeps no blanks of its own.
 std::string DateColumn(JulianDate jd, bool datesInJulianDays, bool showHms);
+// The same appended to a line that is being built, without a text of its own.
+void AppendDateColumn(LineBuilder& b, JulianDate jd, bool datesInJulianDays, bool showHms);
 
 // "Epoch (TT) ", with "(JD)" after it for Julian dates, right-aligned in the column.
 std::string DateColumnHeader(const TaskTexts& texts, bool datesInJulianDays);
@@ -32,6 +35,7 @@ std::string DateColumnHeader(const TaskTexts& texts, bool datesInJulianDays);
 // Days of a time difference (the perihelion time relative to the epoch): F16.8, or
 // the whole days I7, " " and h:m:s of the rest.
 std::string RelativeDaysText(double days, bool showHms);
+void AppendRelativeDays(LineBuilder& b, double days, bool showHms);
 
 // The date of a close-approach line:
 //   calendar forms as DateText (the year in I5);

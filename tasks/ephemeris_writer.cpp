@@ -44,12 +44,22 @@ const char* AnomalyLetter(double e) {
     return "H";
 }
 
-std::string PerihelionColumn(const EphemerisLine& line, const TaskOptions& options) {
+void AppendPerihelionColumn(LineBuilder& b, const EphemerisLine& line, const TaskOptions& options) {
     const double Tp = line.osculating.Tp;
-    if (!options.perihelionRelativeToEpoch) return DateColumn(Tp, options.datesInJulianDays, options.showHms);
-    std::string text = RelativeDaysText(Tp - line.jd, options.showHms);
+    if (!options.perihelionRelativeToEpoch) {
+        AppendDateColumn(b, Tp, options.datesInJulianDays, options.showHms);
+        return;
+    }
+    // Both relative forms are 16 wide, narrower than either column.
+    const std::size_t start = b.size();
+    AppendRelativeDays(b, Tp - line.jd, options.showHms);
+    b.rightAlignFrom(start, static_cast<std::size_t>(DateColumnWidth(options.datesInJulianDays)));
+}
+
+std::string PerihelionColumn(const EphemerisLine& line, const TaskOptions& options) {
     std::string column;
-    LineBuilder(column).right(text, static_cast<std::size_t>(DateColumnWidth(options.datesInJulianDays)));
+    LineBuilder b(column);
+    AppendPerihelionColumn(b, line, options);
     return column;
 }
 
@@ -115,13 +125,15 @@ void EphemerisWriter::sphericalHeader(std::string& out) const {
 void EphemerisWriter::sphericalLine(const EphemerisLine& line, std::string& out) const {
     const bool horizon = options_.mainPlane == 2;
     LineBuilder b(out);
-    b.text(DateColumn(line.jd, options_.datesInJulianDays, options_.showHms)).text(kJoin);
+    AppendDateColumn(b, line.jd, options_.datesInJulianDays, options_.showHms);
+    b.text(kJoin);
     if (options_.mainPlane == 0) {
-        b.text(HoursText(line.firstCoordinate).plain);
+        AppendHours(b, line.firstCoordinate);
     } else {
-        b.text(DegreesText(line.firstCoordinate, texts_).plain);
+        AppendDegrees(b, line.firstCoordinate);
     }
-    b.text(kJoin).text(DegreesText(line.secondCoordinate, texts_).plain);
+    b.text(kJoin);
+    AppendDegrees(b, line.secondCoordinate);
     if (!horizon) {
         b.text(kJoin).fieldF(line.firstRate, 10, 4);
         b.text(kJoin).fieldF(line.secondRate, 10, 4);
@@ -150,7 +162,7 @@ void EphemerisWriter::rectangularHeader(std::string& out) const {
 void EphemerisWriter::rectangularLine(const EphemerisLine& line, std::string& out) const {
     const StateVector& p = line.position;
     LineBuilder b(out);
-    b.text(DateColumn(line.jd, options_.datesInJulianDays, options_.showHms));
+    AppendDateColumn(b, line.jd, options_.datesInJulianDays, options_.showHms);
     for (double v : {p.x, p.y, p.z}) scientific(b, v * factors_.distance, 22, 24);
     for (double v : {p.vx, p.vy, p.vz}) scientific(b, v * factors_.velocity, 22, 24);
     scientific(b, line.centreDistance * factors_.distance, 21, 23);
@@ -186,8 +198,8 @@ void EphemerisWriter::orbitalHeader(const EphemerisLine& line, std::string& out)
 void EphemerisWriter::orbitalLine(const EphemerisLine& line, std::string& out) const {
     const OrbitElements& o = line.osculating;
     LineBuilder b(out);
-    b.text(DateColumn(line.jd, options_.datesInJulianDays, options_.showHms));
-    b.text(PerihelionColumn(line, options_));
+    AppendDateColumn(b, line.jd, options_.datesInJulianDays, options_.showHms);
+    AppendPerihelionColumn(b, line, options_);
     scientific(b, o.q * factors_.distance, 21, 23);
     scientific(b, o.e, 21, 23);
     if (o.P == 0.0) {

@@ -9,6 +9,7 @@
 
 #include "dynamics/ephemeris_line.h"
 #include "dynamics/task_options.h"
+#include "base/line_builder.h"
 #include "tasks/ephemeris_units.h"
 #include "tasks/task_texts.h"
 
@@ -52,6 +53,7 @@ const char* AnomalyLetter(double e);
 // writes it, or the days T - epoch when the options ask for the relative form,
 // which wins over Julian dates.
 std::string PerihelionColumn(const EphemerisLine& line, const TaskOptions& options);
+void AppendPerihelionColumn(LineBuilder& b, const EphemerisLine& line, const TaskOptions& options);
 
 // The class name of the osculating orbit (astro's classes, the language's names).
 std::string OrbitClassText(const OrbitElements& osculating, const TaskTexts& texts);

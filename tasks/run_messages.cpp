@@ -11,4 +11,8 @@ std::string LeftSolarSystemMessage(const TaskTexts& texts, const std::string& na
     return texts.cometWord + " " + name + " " + texts.leftSolarSystem;
 }
 
+std::string FileOpenFailureMessage(const TaskTexts& texts, const std::string& path) {
+    return texts.folderMissing + "\n" + path;
+}
+
 }  // namespace orvane

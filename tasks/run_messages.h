@@ -14,4 +14,8 @@ std::string FileSizeQuestion(const TaskTexts& texts, const std::string& fileName
 // "Comet <name> has left the Solar System!"
 std::string LeftSolarSystemMessage(const TaskTexts& texts, const std::string& name);
 
+// An ephemeris file that could not be created: the folder's message and, on a line
+// of its own, the path that was tried.
+std::string FileOpenFailureMessage(const TaskTexts& texts, const std::string& path);
+
 }  // namespace orvane

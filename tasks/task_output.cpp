@@ -28,22 +28,25 @@ bool TaskOutput::openFileFor(const std::string& name) {
     const std::string path = EphemerisFilePath(o.saveFolder, fileName);
     if (!file_.open(path)) {
         fileOk_ = false;
+        failedFile_ = path;
         return false;
     }
     filesWritten_.push_back(path);
     return true;
 }
 
-void TaskOutput::EmitEphemerisHeader(int objectIndex, const RunObject& object, const EphemerisLine& first) {
+bool TaskOutput::EmitEphemerisHeader(int objectIndex, const RunObject& object, const EphemerisLine& first) {
     const auto index = static_cast<std::size_t>(objectIndex);
     panel_.setName(index, object.name);
     panel_.setEphemerisLine(index, first);
-    if (!writingFiles() || !openFileFor(object.name)) return;
+    if (!writingFiles()) return true;
+    if (!openFileFor(object.name)) return false;
     std::size_t length = 0;
     writer_.makeLine(first, true, header_, line_, length);
     rule_ = DashRule(length);
     file_.writeTableStart(object.name, DescriptionText(writer_.options(), writer_.texts()), header_,
                           std::string_view(line_).substr(0, length));
+    return true;
 }
 
 void TaskOutput::EmitEphemerisLine(int objectIndex, const RunObject& object, const EphemerisLine& line) {

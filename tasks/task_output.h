@@ -23,7 +23,7 @@ class TaskOutput : public RunHooks {
 public:
     TaskOutput(const TaskOptions& options, const TaskTexts& texts, std::size_t objectCount);
 
-    void EmitEphemerisHeader(int objectIndex, const RunObject& object, const EphemerisLine& first) override;
+    bool EmitEphemerisHeader(int objectIndex, const RunObject& object, const EphemerisLine& first) override;
     void EmitEphemerisLine(int objectIndex, const RunObject& object, const EphemerisLine& line) override;
     void EmitEphemerisTrailer(int objectIndex, const RunObject& object) override;
     long long EphemerisFileBytes() override;
@@ -45,6 +45,8 @@ public:
     std::string currentFileName() const;
     // False when a file could not be created: the run should end.
     bool fileOk() const { return fileOk_; }
+    // The path of the file that could not be created; "" while none failed.
+    const std::string& failedFile() const { return failedFile_; }
 
 protected:
     ~TaskOutput() = default;
@@ -62,6 +64,7 @@ private:
     std::string rule_;
     bool stopped_ = false;
     bool fileOk_ = true;
+    std::string failedFile_;
 };
 
 }  // namespace orvane

@@ -61,6 +61,9 @@ TaskTexts loadTaskTexts(const TextLookup& lookup) {
     t.classNames = {edit(165), edit(158), edit(159), edit(160), edit(161), edit(162), edit(163), edit(164)};
     t.messageTitle = edit(64);
 
+    t.errorTitle = lookup("orvElementsOptions", 39);
+    t.folderMissing = lookup("orvElementsOptions", 31);
+
     const auto orbits = [&](int key) { return lookup("orvOrbits", key); };
     t.writingStopped = orbits(27);
     t.stoppedBecause = orbits(31);

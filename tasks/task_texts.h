@@ -59,6 +59,10 @@ struct TaskTexts {
                                           "Jupiter-family*", "Halley-type"};
     std::string messageTitle = "Message";
 
+    // orvElementsOptions: the title and text of an ephemeris file that cannot be made.
+    std::string errorTitle = "Error!";
+    std::string folderMissing = "Specified folder does not exist, or an invalid path was entered!";
+
     // orvOrbits: the question of the full ephemeris file and the left comet.
     std::string writingStopped = "Writing the ephemeris data to a file";
     std::string stoppedBecause = "is stopped because the file size exceeds";

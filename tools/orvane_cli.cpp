@@ -33,7 +33,7 @@ public:
     using TaskOutput::TaskOutput;
     void DrawOrbitFrame(int, const RunObject&, const BodyStatesResult&) override {}
     void ShowObjectLabel(TaskKind, int, int) override {}
-    void ShowStatus(const std::string&) override {}
+    void ShowStatus(RunStatus) override {}
     void SetProgressRange(int) override {}
     void StepProgress() override {}
     void ShowRemainingTime(int, int, int) override {}
@@ -44,6 +44,7 @@ public:
         complain(FileSizeQuestion(texts(), currentFileName(), limitMegabytes) + " Yes");
         return true;
     }
+    void ShowFileOpenFailure() override { complain(FileOpenFailureMessage(texts(), failedFile())); }
     void ReportNoCloseApproaches() override {}
     void RunStarted() override {}
     void EndRun() override { closeFiles(); }

@@ -94,4 +94,17 @@ TEST(LineBuilder, ReusingTheStringKeepsItsStorage) {
     EXPECT_EQ(line, "    499.50000000 0.149850000000000E+04    999");
 }
 
+TEST(LineBuilder, APartBuiltInPlaceIsRightAlignedWithoutItsLeadingBlanks) {
+    std::string line = "ab";
+    LineBuilder builder(line);
+    builder.fieldI(2020, 5).text("-05").rightAlignFrom(2, 10).text("|");
+    EXPECT_EQ(line, "ab   2020-05|");
+    line = "ab";
+    builder.text("  123456").rightAlignFrom(2, 4).text("|");
+    EXPECT_EQ(line, "ab1234|");
+    line = "ab";
+    builder.blanks(3).rightAlignFrom(2, 2);
+    EXPECT_EQ(line, "ab  ");
+}
+
 }  // namespace

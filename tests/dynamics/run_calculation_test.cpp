@@ -70,7 +70,8 @@ TEST_F(RunTest, SpanWithoutSamplePointGivesHeaderAndTrailerOnly) {
     EXPECT_TRUE(hooks.lines.empty());
     ASSERT_EQ(hooks.headers.size(), 1u);
     EXPECT_EQ(hooks.headers[0].jd, kStart);
-    const std::vector<std::string> expected = {"start", "label 1/1", "header", "rows", "trailer", "end"};
+    const std::vector<std::string> expected = {"start",   "status prepare", "label 1/1", "header",
+                                               "rows",    "trailer",        "status ready", "end"};
     EXPECT_EQ(hooks.calls, expected);
     EXPECT_EQ(run.running, 0);
     EXPECT_EQ(run.stoppable, 0);
@@ -263,7 +264,54 @@ TEST_F(RunTest, ClockGoingBackAtMidnightGivesNoEstimate) {
     clock = [&now] { return now -= 2.0; };
     run.objects.push_back(Comet("C/2000 P2", 0.6, 1.0, kStart + 30.0, 10.0));
     Run(TaskKind::CloseApproaches);
-    EXPECT_TRUE(hooks.remaining.empty());
+    // Only the "0h 0m 0s" of the start.
+    EXPECT_EQ(hooks.remaining, std::vector<int>{0});
+}
+
+TEST_F(RunTest, TheRunStartsWithPrepareAndAZeroEstimate) {
+    run.objects.push_back(Comet("C/2000 P3", 0.6, 1.0, kStart + 30.0, 3.0));
+    Run(TaskKind::CloseApproaches);
+    ASSERT_GE(hooks.calls.size(), 3u);
+    EXPECT_EQ(hooks.calls[1], "status prepare");
+    ASSERT_FALSE(hooks.remaining.empty());
+    EXPECT_EQ(hooks.remaining.front(), 0);
+    EXPECT_EQ(hooks.calls[hooks.calls.size() - 2], "status ready");
+}
+
+TEST_F(RunTest, EachFinishedObjectEstimatesTheOthersByItsOwnClockTime) {
+    // Each reading of the clock moves it on by 10 s; three objects of a day,
+    // which the integrator covers in a few steps.
+    double now = 1000.0;
+    clock = [&now] { return now += 10.0; };
+    for (const char* name : {"C/2000 Q1", "C/2000 Q2", "C/2000 Q3"}) {
+        run.objects.push_back(Comet(name, 0.6, 1.0, kStart + 30.0, 1.0));
+    }
+    Run(TaskKind::CloseApproaches);
+    // The estimates given when an object's rows are out: the objects are alike
+    // and read the clock equally often, so the first leaves twice the time of
+    // the second, and the last leaves none.
+    std::vector<int> closing;
+    for (std::size_t i = 0; i < hooks.remaining.size(); ++i) {
+        if (hooks.remainingAfter[i] == "rows") closing.push_back(hooks.remaining[i]);
+    }
+    ASSERT_EQ(closing.size(), 3u);
+    EXPECT_GT(closing[1], 0);
+    EXPECT_EQ(closing[1] % 10, 0);
+    EXPECT_EQ(closing[0], 2 * closing[1]);
+    EXPECT_EQ(closing[2], 0);
+}
+
+TEST_F(RunTest, AnEphemerisFileThatCannotBeMadeEndsTheRun) {
+    run.options.calculateEphemerides = true;
+    hooks.headerOpens = false;
+    run.objects.push_back(Comet("C/2000 R1", 0.6, 1.0, kStart + 30.0, 20.0));
+    run.objects.push_back(Comet("C/2000 R2", 0.6, 1.0, kStart + 30.0, 20.0));
+    Run(TaskKind::Ephemerides);
+    const std::vector<std::string> expected = {"start", "status prepare", "label 1/2", "header",
+                                               "fileFailed", "status ready", "end"};
+    EXPECT_EQ(hooks.calls, expected);
+    EXPECT_TRUE(hooks.lines.empty());
+    EXPECT_EQ(run.running, 0);
 }
 
 TEST_F(RunTest, IntegrateFromTheEpochWhenItIsCloser) {

@@ -14,18 +14,21 @@ struct RecordingHooks : RunHooks {
     std::vector<std::vector<ApproachRow>> rowSets;
     std::vector<std::string> leftNames;
     std::vector<int> remaining;  // seconds of each estimate
+    std::vector<std::string> remainingAfter;  // the call before each estimate
     int frames = 0;
     int progressRange = -1;
     int progressSteps = 0;
     long long fileBytes = 0;
     long long bytesPerLine = 0;
     bool answerYes = true;
+    bool headerOpens = true;
     int questions = 0;
     int noApproaches = 0;
 
-    void EmitEphemerisHeader(int, const RunObject&, const EphemerisLine& first) override {
+    bool EmitEphemerisHeader(int, const RunObject&, const EphemerisLine& first) override {
         calls.push_back("header");
         headers.push_back(first);
+        return headerOpens;
     }
     void EmitEphemerisLine(int, const RunObject&, const EphemerisLine& line) override {
         lines.push_back(line);
@@ -45,10 +48,16 @@ struct RecordingHooks : RunHooks {
     void ShowObjectLabel(TaskKind, int ordinal, int total) override {
         calls.push_back("label " + std::to_string(ordinal) + "/" + std::to_string(total));
     }
-    void ShowStatus(const std::string& text) override { calls.push_back("status " + text); }
+    void ShowStatus(RunStatus status) override {
+        calls.push_back(status == RunStatus::Prepare ? "status prepare" : "status ready");
+    }
+    void ShowFileOpenFailure() override { calls.push_back("fileFailed"); }
     void SetProgressRange(int units) override { progressRange = units; }
     void StepProgress() override { ++progressSteps; }
-    void ShowRemainingTime(int h, int m, int s) override { remaining.push_back(h * 3600 + m * 60 + s); }
+    void ShowRemainingTime(int h, int m, int s) override {
+        remaining.push_back(h * 3600 + m * 60 + s);
+        remainingAfter.push_back(calls.empty() ? std::string() : calls.back());
+    }
     void ShowLeftSolarSystem(const std::string& name) override {
         calls.push_back("left");
         leftNames.push_back(name);

@@ -24,12 +24,13 @@ public:
     using TaskOutput::TaskOutput;
     void DrawOrbitFrame(int, const RunObject&, const BodyStatesResult&) override {}
     void ShowObjectLabel(TaskKind, int, int) override {}
-    void ShowStatus(const std::string&) override {}
+    void ShowStatus(RunStatus) override {}
     void SetProgressRange(int) override {}
     void StepProgress() override {}
     void ShowRemainingTime(int, int, int) override {}
     void ShowLeftSolarSystem(const std::string&) override {}
     bool AskContinueWithoutFile(int) override { return true; }
+    void ShowFileOpenFailure() override {}
     void ReportNoCloseApproaches() override {}
     void RunStarted() override {}
     void EndRun() override { closeFiles(); }
@@ -196,6 +197,35 @@ TEST(TaskTexts, DefaultsAreTheLanguageTablesEnglish) {
     EXPECT_EQ(fromTable.arcsecPerHourShort, built.arcsecPerHourShort);
     EXPECT_EQ(fromTable.leftSolarSystem, built.leftSolarSystem);
     EXPECT_EQ(fromTable.degreeSign, built.degreeSign);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(EphemerisFile, AFolderThatDoesNotExistFailsTheHeaderAndNamesThePath) {
+    orvane::testing::TempHome home;
+    const TaskTexts texts = orvane::testing::englishTaskTexts();
+    const TaskOptions o = rectangularFileOptions(home.root() / "missing");
+    QuietOutput out(o, texts, 1);
+    EXPECT_FALSE(out.EmitEphemerisHeader(0, named("C/2010 A1"), lineAt(kJ2000)));
+    EXPECT_FALSE(out.fileOk());
+    const std::string path = (home.root() / "missing" / "C_2010_A1.txt").string();
+    EXPECT_EQ(out.failedFile(), path);
+    EXPECT_EQ(FileOpenFailureMessage(texts, out.failedFile()),
+              "Specified folder does not exist, or an invalid path was entered!\n" + path);
+    EXPECT_EQ(texts.errorTitle, "Error!");
+    EXPECT_TRUE(out.filesWritten().empty());
+}
+
+TEST(EphemerisFile, WithoutFilesTheHeaderAlwaysSucceeds) {
+    orvane::testing::TempHome home;
+    const TaskTexts texts = orvane::testing::englishTaskTexts();
+    TaskOptions o = rectangularFileOptions(home.root() / "missing");
+    o.calculateEphemerides = false;
+    QuietOutput out(o, texts, 1);
+    EXPECT_TRUE(out.EmitEphemerisHeader(0, named("C/2010 A1"), lineAt(kJ2000)));
+    EXPECT_TRUE(out.failedFile().empty());
 }
 
 }  // namespace

@@ -12,9 +12,9 @@ namespace {
 class SilentOutput final : public TaskOutput {
 public:
     using TaskOutput::TaskOutput;
-    void EmitEphemerisHeader(int index, const RunObject& object, const EphemerisLine& first) override {
-        TaskOutput::EmitEphemerisHeader(index, object, first);
+    bool EmitEphemerisHeader(int index, const RunObject& object, const EphemerisLine& first) override {
         lines.push_back({index, first});
+        return TaskOutput::EmitEphemerisHeader(index, object, first);
     }
     void EmitEphemerisLine(int index, const RunObject& object, const EphemerisLine& line) override {
         TaskOutput::EmitEphemerisLine(index, object, line);
@@ -23,12 +23,13 @@ public:
     std::vector<EmittedLine> lines;
     void DrawOrbitFrame(int, const RunObject&, const BodyStatesResult&) override {}
     void ShowObjectLabel(TaskKind, int, int) override {}
-    void ShowStatus(const std::string&) override {}
+    void ShowStatus(RunStatus) override {}
     void SetProgressRange(int) override {}
     void StepProgress() override {}
     void ShowRemainingTime(int, int, int) override {}
     void ShowLeftSolarSystem(const std::string&) override {}
     bool AskContinueWithoutFile(int) override { return true; }
+    void ShowFileOpenFailure() override {}
     void ReportNoCloseApproaches() override {}
     void RunStarted() override {}
     void EndRun() override { closeFiles(); }
