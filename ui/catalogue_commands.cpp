@@ -9,13 +9,17 @@
 #include <cstdlib>
 #include <fstream>
 #include <map>
+#include <memory>
+#include <span>
 
 #include <sqlite3.h>
 
 #include "app/app_state.h"
 #include "catalogue/sql_layer.h"
 #include "records/delete_batch.h"
+#include "records/edit_batch.h"
 #include "records/import_export.h"
+#include "records/mpc_elements.h"
 #include "ui/elements_page.h"
 #include "ui/main_window.h"
 #include "ui/qt_text.h"
@@ -142,8 +146,13 @@ void CatalogueCommands::saveList() {
 }
 
 void CatalogueCommands::importRecords() {
-    const QString filter = QStringLiteral("ELS Format (*.els);;") + qtText(Section::orvEdit, 69);
+    const QString filter = QStringLiteral("ELS Format (*.els);;") + QString::fromLatin1(kMpcImportFilter) +
+                           QStringLiteral(";;") + qtText(Section::orvEdit, 69);
+    selectedFilter_.clear();
     const QString path = chooseOpenFile(filter);
+    // Only the type picked by name reads the MPC form; any other choice keeps the
+    // extension rule of the ELS and list files.
+    const bool mpc = selectedFilter_ == QString::fromLatin1(kMpcImportFilter);
     if (path.isEmpty()) {
         window_->operationEnded();
         return;
@@ -152,8 +161,12 @@ void CatalogueCommands::importRecords() {
     prepareWorkSession();
     const SearchForm form = lastForm_;
     view_.setRerun([this, form, path = databasePath()] { searchDirect(path, form, work_, view_, texts_); });
-    startWorker(false, [this, file = std::filesystem::path(path.toStdString()), path = databasePath()] {
-        importFile(file, path, importArray_, view_, texts_.records);
+    startWorker(false, [this, mpc, file = std::filesystem::path(path.toStdString()), path = databasePath()] {
+        if (mpc) {
+            importMpcFile(file, path, importArray_, view_, texts_.records);
+        } else {
+            importFile(file, path, importArray_, view_, texts_.records);
+        }
         importArray_.reset(0);
     });
 }
@@ -244,6 +257,28 @@ RecordArray CatalogueCommands::selectedRecords(bool focusedFirst) const {
     out.reset(ordered.size());
     for (std::size_t k = 0; k < ordered.size(); ++k) out.records[k] = *ordered[k];
     return out;
+}
+
+bool CatalogueCommands::runRecordBatch(RecordWindowAction action, RecordArray batch) {
+    if (!window_ || !list_ || workerRunning_ || batch.count == 0) return false;
+    reloadTexts();
+    prepareWorkSession();
+    auto records = std::make_shared<RecordArray>(std::move(batch));
+    if (action == RecordWindowAction::add) {
+        const SearchForm form = lastForm_;
+        view_.setRerun([this, form, path = databasePath()] { searchDirect(path, form, work_, view_, texts_); });
+        return startWorker(false, [this, records, path = databasePath()] {
+            insertRecords(path, std::span<const OrbitRecord>(records->records.data(), records->count),
+                          InsertMode{}, view_, texts_.records);
+        });
+    }
+    SearchForm form = lastForm_;
+    form.sort = {list_->resultModel()->sort().column, list_->resultModel()->sort().ascending};
+    jobSort_ = list_->resultModel()->sort();
+    return startWorker(false, [this, form, records, path = databasePath()] {
+        editThread(path, std::span<const OrbitRecord>(records->records.data(), records->count), form, work_, view_,
+                   texts_);
+    });
 }
 
 // ---------------------------------------------------------------- workers
@@ -404,7 +439,24 @@ void CatalogueCommands::refreshStatistics() {
 // ---------------------------------------------------------------- windows
 
 QString CatalogueCommands::chooseOpenFile(const QString& filter) {
-    return QFileDialog::getOpenFileName(window_, QString(), q(state_.folders.documentsFolder), filter);
+    return QFileDialog::getOpenFileName(window_, QString(), q(state_.folders.documentsFolder), filter,
+                                        &selectedFilter_);
+}
+
+void CatalogueCommands::openRecordWindow(RecordWindowMode mode, RecordArray records) {
+    if (!window_ || recordWindow_) return;
+    auto* edit = new ElementsEdit(mode, std::move(records), window_);
+    edit->setWindowFlag(Qt::Window);
+    edit->setWindowModality(Qt::ApplicationModal);
+    edit->setAttribute(Qt::WA_DeleteOnClose);
+    edit->setBatchHandler([this](RecordWindowAction action, RecordArray batch) {
+        runRecordBatch(action, std::move(batch));
+    });
+    connect(edit, &ElementsEdit::closed, this, [this] {
+        if (window_) window_->operationEnded();
+    });
+    recordWindow_ = edit;
+    edit->show();
 }
 
 QString CatalogueCommands::chooseSaveFile(const QString& filter) {

@@ -18,6 +18,7 @@
 #include "records/orbit_record.h"
 #include "records/search_run.h"
 #include "ui/commands.h"
+#include "ui/elements_edit.h"
 #include "ui/my_list_view.h"
 #include "ui/qt_search_view.h"
 
@@ -26,7 +27,11 @@ namespace orvane {
 struct AppState;
 class MainApp;
 
-enum class RecordWindowMode { editRecord, newRecord, duplicateRecord, additionalInfo };
+using RecordWindowMode = RecordMode;
+
+// The second file type of the Import dialog: the MPC's one-line comet elements,
+// read only when the user picks this type.
+inline constexpr const char* kMpcImportFilter = "MPC comet elements (*.txt)";
 
 class CatalogueCommands : public QObject, public MainCommands, private SearchViewSink {
     Q_OBJECT
@@ -52,18 +57,27 @@ public:
     int operationsEnded() const { return operationsEnded_; }
     std::string databasePath() const;
 
+    // The batch that the record window's Apply hands over, on a worker: new and
+    // duplicated records through the insert batch, edited ones through the edit batch.
+    // False when another worker still runs.
+    bool runRecordBatch(RecordWindowAction action, RecordArray batch);
+
+    // The record window that is open, or null.
+    ElementsEdit* recordWindow() const { return recordWindow_; }
+
 protected:
-    // Add, Edit, Duplicate and Additional Info open the record window here.
-    virtual void openRecordWindow(RecordWindowMode mode, RecordArray records) {
-        (void)mode;
-        (void)records;
-    }
+    // Add, Edit, Duplicate and Additional Info open the record window here, modal
+    // over the main window.
+    virtual void openRecordWindow(RecordWindowMode mode, RecordArray records);
 
     // The windows the commands open; tests answer them.
+    // The file to open; the type the user picked in the dialog goes to selectedFilter_.
     virtual QString chooseOpenFile(const QString& filter);
     virtual QString chooseSaveFile(const QString& filter);
     virtual bool confirm(const QString& title, const QString& text);
     virtual void inform(const QString& title, const QString& text, QMessageBox::Icon icon);
+
+    QString selectedFilter_;
 
 private:
     void startSearch(const SearchForm& form);
@@ -116,6 +130,7 @@ private:
     bool busyCursor_ = false;
     QString resultText_;
     int operationsEnded_ = 0;
+    QPointer<ElementsEdit> recordWindow_;
 };
 
 }  // namespace orvane

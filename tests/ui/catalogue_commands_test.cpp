@@ -66,7 +66,7 @@ private slots:
         c.openFile = QString::fromStdString(writeElsFile(desk).string());
         const int endedBefore = c.operationsEnded();
         QVERIFY(desk.window->execute(cmd::kImport));
-        QCOMPARE(c.filters.last(), QStringLiteral("ELS Format (*.els);;All Files (*.*)"));
+        QCOMPARE(c.filters.last(), QStringLiteral("ELS Format (*.els);;MPC comet elements (*.txt);;All Files (*.*)"));
         QVERIFY(desk.waitForWorker());
         QCOMPARE(c.questions.last(), QStringLiteral("Are you sure you want to import 4 Records?"));
         QCOMPARE(c.questionTitles.last(), QStringLiteral("Confirm Records import"));

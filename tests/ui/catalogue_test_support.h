@@ -19,6 +19,8 @@
 #include "records/search_texts.h"
 #include "support/temp_home.h"
 #include "ui/catalogue_commands.h"
+#include "ui/edit_page.h"
+#include "ui/elements_edit.h"
 #include "ui/commands.h"
 #include "ui/elements_page.h"
 #include "ui/language/language_table.h"
@@ -41,10 +43,15 @@ public:
     QStringList messages;
     std::vector<RecordWindowMode> modes;
     RecordArray records;
+    // The real record window instead of the note of what would open.
+    bool realRecordWindow = false;
+    // The type the dialog reports as picked.
+    QString pickedFilter;
 
 protected:
     QString chooseOpenFile(const QString& filter) override {
         filters << filter;
+        selectedFilter_ = pickedFilter;
         return openFile;
     }
     QString chooseSaveFile(const QString& filter) override {
@@ -59,6 +66,10 @@ protected:
     void inform(const QString&, const QString& text, QMessageBox::Icon) override { messages << text; }
     void openRecordWindow(RecordWindowMode mode, RecordArray chosen) override {
         modes.push_back(mode);
+        if (realRecordWindow) {
+            CatalogueCommands::openRecordWindow(mode, std::move(chosen));
+            return;
+        }
         records = std::move(chosen);
     }
 };
