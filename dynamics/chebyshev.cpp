@@ -70,6 +70,25 @@ void ChebyshevSeries::Evaluate(const double* record, const SeriesLayout& layout,
     const double* granule = record + (layout.offset - 1) +
                             static_cast<long>(l) * components * ncf;
     const double velocityScale = (na + na) / span;
+    if (order == 1 && components == 3) {
+        // Positions alone, as the force asks for them ten times a substep: the three
+        // sums in one pass, each still from the highest term down.
+        const double* ax = granule;
+        const double* ay = granule + ncf;
+        const double* az = granule + 2 * static_cast<long>(ncf);
+        double px = 0.0, py = 0.0, pz = 0.0;
+        for (int k = ncf - 1; k >= 0; --k) {
+            const double t = t_[k];
+            px += t * ax[k];
+            py += t * ay[k];
+            pz += t * az[k];
+        }
+        out[0] = px;
+        out[1] = py;
+        out[2] = pz;
+        for (int k = 3; k < 9; ++k) out[k] = 0.0;
+        return;
+    }
     for (int j = 0; j < components; ++j) {
         const double* a = granule + static_cast<long>(j) * ncf;
         // Summed from the highest term down, smallest terms first.

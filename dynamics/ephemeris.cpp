@@ -156,6 +156,11 @@ bool Ephemeris::ReadRecord(long long nr) {
 
 EphemerisStatus Ephemeris::SeriesStates(double t1, double t2, const SeriesFlags& flags,
                                         SeriesFrame frame) {
+    return SeriesStates(t1, t2, flags, frame, 3);
+}
+
+EphemerisStatus Ephemeris::SeriesStates(double t1, double t2, const SeriesFlags& flags, SeriesFrame frame,
+                                        int sunOrder) {
     if (!open_) return EphemerisStatus::NotOpen;
     const auto& ss = header_.ss;
 
@@ -189,11 +194,9 @@ EphemerisStatus Ephemeris::SeriesStates(double t1, double t2, const SeriesFlags&
     if (bufferRecord_ != nr) status = EphemerisStatus::StaleRecord;
 
     const double span = ss[2];
-    // The Sun to the highest order any body asks for: its other derivatives
-    // would serve nobody in this call and keep their earlier values.
-    int sunOrder = frame == SeriesFrame::Heliocentric ? 3 : 1;
-    for (int i = 0; i < 10; ++i) sunOrder = std::max(sunOrder, flags[static_cast<std::size_t>(i)]);
-    sunOrder = std::min(sunOrder, 3);
+    // The heliocentric frame subtracts the whole Sun from every series.
+    if (frame == SeriesFrame::Heliocentric) sunOrder = 3;
+    sunOrder = std::clamp(sunOrder, 1, 3);
     std::array<double, 9> sun{};
     chebyshev_.Evaluate(record_.data(), header_.ipt[10], 3, tau, span, sunOrder, sun.data());
     for (std::size_t k = 0; k < 3 * static_cast<std::size_t>(sunOrder); ++k) series_.sun[k] = sun[k] * kKilometreToAu;
@@ -280,15 +283,17 @@ EphemerisStatus Ephemeris::BodyStates(double jd, BodyStatesResult& out) {
 EphemerisStatus Ephemeris::BodyStates(double jd, BodyStatesResult& out, const std::array<int, 13>& request) {
     if (!open_) return EphemerisStatus::NotOpen;
     SeriesFlags flags{};
-    bool any = false;
+    int highest = 0;
     for (int body = 1; body <= 13; ++body) {
         const int flag = std::clamp(request[static_cast<std::size_t>(body - 1)], 0, 3);
         if (flag == 0) continue;
         MarkBody(body, flag, flags);
-        any = true;
+        highest = std::max(highest, flag);
     }
-    if (!any) return EphemerisStatus::Ok;
-    const EphemerisStatus status = SeriesStates(jd, 0.0, flags, SeriesFrame::Barycentric);
+    if (highest == 0) return EphemerisStatus::Ok;
+    // Every state is taken relative to the Sun to the order its flag asks for, so
+    // the Sun is needed to the highest of them and no further.
+    const EphemerisStatus status = SeriesStates(jd, 0.0, flags, SeriesFrame::Barycentric, highest);
 
     std::array<State9, 14> pv{};
     ResolveBodies(flags, false, pv);

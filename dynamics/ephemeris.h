@@ -56,9 +56,7 @@ inline constexpr double kKilometreToAu = 6.6845871226705985e-09;
 // Flags of the series a SeriesStates call evaluates, as JPL's list: entries
 // 0 to 9 bodies 1 to 10 (entry 2 being the Earth-Moon barycentre's series),
 // 10 nutations, 11 librations; 0 none, 1 position, 2 with velocity, 3 with
-// acceleration. The Sun is always evaluated: to the highest order of the flagged
-// series (its further derivatives keep their values), and whole in the
-// heliocentric frame.
+// acceleration. The Sun is always evaluated.
 using SeriesFlags = std::array<int, 12>;
 
 enum class SeriesFrame {
@@ -113,6 +111,10 @@ public:
     // its digits. Reads the record only when it differs from the last one.
     EphemerisStatus SeriesStates(double t1, double t2, const SeriesFlags& flags,
                                  SeriesFrame frame = SeriesFrame::Barycentric);
+    // The same with the Sun to `sunOrder` only (1 to 3): its further derivatives
+    // keep their earlier values.
+    EphemerisStatus SeriesStates(double t1, double t2, const SeriesFlags& flags, SeriesFrame frame,
+                                 int sunOrder);
     const SeriesResult& seriesResult() const { return series_; }
 
     // Position, velocity and acceleration of `target` relative to `centre`
