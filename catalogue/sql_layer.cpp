@@ -1,5 +1,7 @@
 #include "catalogue/sql_layer.h"
 
+#include <algorithm>
+
 #include <sqlite3.h>
 
 #include "catalogue/sql_functions.h"
@@ -24,16 +26,23 @@ namespace sql {
 namespace {
 
 // Overwrites `field` in place with strncpy semantics, so a row reuses the memory
-// of the row before it.
-void copyIntoField(std::string& field, const unsigned char* text, std::size_t width) {
-    field.resize(width, ' ');
+// of the row before it. Only the `used` bytes of the row before can be other than
+// blanks, so only those are blanked: a text column is 5000 bytes wide and most
+// values are a few characters.
+void copyIntoField(std::string& field, std::size_t& used, const unsigned char* text, std::size_t width) {
+    if (field.size() != width) {
+        field.resize(width, ' ');
+        used = width;
+    }
     std::size_t k = 0;
     if (text != nullptr) {
         for (; k < width && text[k] != '\0'; ++k) {
             field[k] = static_cast<char>(text[k]);
         }
     }
-    field.replace(k, width - k, width - k, ' ');
+    const std::size_t dirty = std::min(used, width);
+    if (dirty > k) field.replace(k, dirty - k, dirty - k, ' ');
+    used = k;
 }
 
 void storeError(CatalogueDb& db, const char* message) {
@@ -157,7 +166,8 @@ int nextRow(Statement& statement, std::span<ColumnProperty> columns, bool& done)
             column.doubleValue = sqlite3_column_double(statement.handle, index);
             break;
         case kKindText:
-            copyIntoField(column.textValue, sqlite3_column_text(statement.handle, index), kTextValueWidth);
+            copyIntoField(column.textValue, column.textUsed, sqlite3_column_text(statement.handle, index),
+                          kTextValueWidth);
             break;
         default:
             break;
@@ -228,6 +238,7 @@ void setDouble(ColumnProperty& column, double value) { column.doubleValue = valu
 
 void setText(ColumnProperty& column, std::string_view value) {
     column.textValue = padText(value, kTextValueWidth);
+    column.textUsed = kTextValueWidth;
 }
 
 int createTable(CatalogueDb& db, std::string_view table, std::span<const ColumnProperty> columns,

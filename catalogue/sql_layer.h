@@ -53,6 +53,10 @@ struct ColumnProperty {
     std::int32_t intValue = 0;
     double doubleValue = 0.0;
     std::string textValue = std::string(kTextValueWidth, ' ');
+    // The bytes at the start of textValue that may differ from blanks; the rest are
+    // blanks. A row read into the column blanks only what the row before used, and
+    // readers of the text need not look further.
+    std::size_t textUsed = kTextValueWidth;
 };
 
 // A prepared statement. `finished` is set once a step gave no row: the loop is

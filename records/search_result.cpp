@@ -60,7 +60,9 @@ bool SearchResult::appendRow(std::span<const ColumnProperty> columns) {
         for (std::size_t c = 0; c < kElementColumnCount; ++c) {
             // What getText gives, cut at the NUL and the width, without its padding;
             // taken straight from the column's text so that a row costs no allocation.
-            const std::string_view cell = cutAtNul(columns[c].textValue).substr(0, kElementColumns[c].width);
+            const ColumnProperty& column = columns[c];
+            const std::string_view used = std::string_view(column.textValue).substr(0, column.textUsed);
+            const std::string_view cell = cutAtNul(used).substr(0, kElementColumns[c].width);
             text_ += trimRight(cell);
             // A row holds at most the sum of the column widths, about 6,100 bytes.
             ends[c] = static_cast<std::uint16_t>(text_.size() - start);

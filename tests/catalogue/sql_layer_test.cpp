@@ -83,6 +83,19 @@ TEST_F(SqlLayerTest, SelectTextIsBuiltFromTheColumns) {
     EXPECT_EQ(sql::buildSelectText("t", cols), "select  txt,round( num) from t");
 }
 
+TEST_F(SqlLayerTest, ARowReadIntoAColumnLeavesNothingOfTheTextBefore) {
+    sql::execute(db, "insert into t(txt, num) values('first', 1.5);");
+    std::vector<ColumnProperty> cols = columns({{"txt", kKindText}});
+    sql::setText(cols[0], std::string(4000, 'x'));
+    Statement statement;
+    ASSERT_EQ(sql::prepareSelect(db, "t", cols, statement), SQLITE_OK);
+    bool done = true;
+    EXPECT_EQ(sql::nextRow(statement, cols, done), SQLITE_ROW);
+    EXPECT_EQ(cols[0].textValue, sql::padText("first", kTextValueWidth));
+    EXPECT_EQ(cols[0].textUsed, 5u);
+    EXPECT_EQ(sql::finalize(statement), SQLITE_OK);
+}
+
 TEST_F(SqlLayerTest, RowsAreDeliveredByKindAndTheLoopStaysAtItsEnd) {
     sql::execute(db, "insert into t(txt, num) values('first', 1.5); insert into t(txt, num) values('n/a', 2.5);");
     std::vector<ColumnProperty> cols = columns({{"id", kKindInteger}, {"txt", kKindText}, {"num", kKindDouble}});
