@@ -149,7 +149,16 @@ void CatalogueCommands::importRecords() {
     const QString filter = QStringLiteral("ELS Format (*.els);;") + QString::fromLatin1(kMpcImportFilter) +
                            QStringLiteral(";;") + qtText(Section::orvEdit, 69);
     selectedFilter_.clear();
+    // An empty catalogue opens the dialog on the program's Data folder, where the
+    // starter file of well-known comets waits; otherwise on the documents.
+    {
+        ColumnTables tables = buildColumnTables();
+        openFolder_ = countHits(databasePath(), "", tables) == 0
+                          ? q(state_.folders.programFolder + "/Data")
+                          : q(state_.folders.documentsFolder);
+    }
     const QString path = chooseOpenFile(filter);
+    openFolder_.clear();
     // Only the type picked by name reads the MPC form; any other choice keeps the
     // extension rule of the ELS and list files.
     const bool mpc = selectedFilter_ == QString::fromLatin1(kMpcImportFilter);
@@ -439,8 +448,8 @@ void CatalogueCommands::refreshStatistics() {
 // ---------------------------------------------------------------- windows
 
 QString CatalogueCommands::chooseOpenFile(const QString& filter) {
-    return QFileDialog::getOpenFileName(window_, QString(), q(state_.folders.documentsFolder), filter,
-                                        &selectedFilter_);
+    const QString folder = openFolder_.isEmpty() ? q(state_.folders.documentsFolder) : openFolder_;
+    return QFileDialog::getOpenFileName(window_, QString(), folder, filter, &selectedFilter_);
 }
 
 void CatalogueCommands::openRecordWindow(RecordWindowMode mode, RecordArray records) {

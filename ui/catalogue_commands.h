@@ -78,6 +78,8 @@ protected:
     virtual void inform(const QString& title, const QString& text, QMessageBox::Icon icon);
 
     QString selectedFilter_;
+    // The folder the Import dialog starts in.
+    QString openFolder_;
 
 private:
     void startSearch(const SearchForm& form);

@@ -19,8 +19,8 @@ namespace {
 
 constexpr int kBodyMargin = 12;
 constexpr int kFieldWidth = 168;
-constexpr int kConditionWidth = 118;
-constexpr int kValueWidth = 104;
+constexpr int kConditionWidth = 136;
+constexpr int kValueWidth = 86;
 constexpr int kConnectorWidth = 56;
 constexpr std::size_t kLabelLineLength = 56;
 

@@ -47,10 +47,12 @@ public:
     bool realRecordWindow = false;
     // The type the dialog reports as picked.
     QString pickedFilter;
+    QStringList openFolders;
 
 protected:
     QString chooseOpenFile(const QString& filter) override {
         filters << filter;
+        openFolders << openFolder_;
         selectedFilter_ = pickedFilter;
         return openFile;
     }
