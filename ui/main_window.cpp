@@ -40,9 +40,11 @@ MainCommands& noCommands() {
     return none;
 }
 
-// Tool tips of the toolbar come almost at once and stay three seconds.
+// Tool tips of the toolbar come almost at once, stay three seconds and are at most
+// 200 pixels wide.
 constexpr int kTipWakeUpMs = 5;
 constexpr int kTipShowMs = 3000;
+constexpr int kTipWidth = 200;
 
 class ToolbarStyle : public QProxyStyle {
 public:
@@ -585,6 +587,24 @@ void MainApp::retitle() {
 
 // ---------------------------------------------------------------- messages
 
+QString toolbarTipText(const QString& tip) {
+    // Broken between words into lines of the tip's width; a single word wider than
+    // that keeps a line of its own.
+    const QFontMetrics metrics(QToolTip::font());
+    if (metrics.horizontalAdvance(tip) <= kTipWidth) return tip;
+    QString out, line;
+    for (const QString& word : tip.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        const QString longer = line.isEmpty() ? word : line + QLatin1Char(' ') + word;
+        if (!line.isEmpty() && metrics.horizontalAdvance(longer) > kTipWidth) {
+            out += line + QLatin1Char('\n');
+            line = word;
+        } else {
+            line = longer;
+        }
+    }
+    return out + line;
+}
+
 void MainApp::openPendingUpdateWindow() { commands_->openPendingUpdateWindow(); }
 
 void MainApp::operationEnded() { commands_->operationEnded(); }
@@ -594,7 +614,8 @@ bool MainApp::eventFilter(QObject* watched, QEvent* event) {
         auto* button = qobject_cast<QToolButton*>(watched);
         if (button && button->defaultAction()) {
             const auto* help = static_cast<QHelpEvent*>(event);
-            QToolTip::showText(help->globalPos(), button->defaultAction()->toolTip(), button, QRect(), kTipShowMs);
+            QToolTip::showText(help->globalPos(), toolbarTipText(button->defaultAction()->toolTip()), button, QRect(),
+                               kTipShowMs);
             return true;
         }
     }

@@ -29,6 +29,10 @@ class MyTab;
 class ObservationsApp;
 class StartPageApp;
 
+// The text a toolbar tip shows: as it stands when it fits in 200 pixels, else wrapped
+// to that width.
+QString toolbarTipText(const QString& tip);
+
 class MainApp : public QMainWindow {
     Q_OBJECT
 public:

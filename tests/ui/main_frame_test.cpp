@@ -8,6 +8,7 @@
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QTest>
+#include <QToolTip>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -105,6 +106,17 @@ private slots:
         QCOMPARE(window.listContextMenu()->actions().last()->text(), QStringLiteral("Tasks"));
         // Menu texts are the table's alone: the accelerators are not written into them.
         QCOMPARE(window.action(30079)->shortcut(), QKeySequence());
+    }
+
+    void toolbarTipsAreAtMostTwoHundredPixelsWide() {
+        QCOMPARE(toolbarTipText(QStringLiteral("Search")), QStringLiteral("Search"));
+        const QString tip = QStringLiteral("Hide the work pane with the search forms & the columns of the list");
+        QVERIFY(QFontMetrics(QToolTip::font()).horizontalAdvance(tip) > 200);
+        const QString wrapped = toolbarTipText(tip);
+        const QStringList lines = wrapped.split(QLatin1Char('\n'));
+        QVERIFY(lines.size() >= 2);
+        QCOMPARE(lines.join(QLatin1Char(' ')), tip);
+        for (const QString& line : lines) QVERIFY(QFontMetrics(QToolTip::font()).horizontalAdvance(line) <= 200);
     }
 
     void toolbarHasItsButtonsTipsAndTaskDropDown() {
