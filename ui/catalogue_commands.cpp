@@ -90,6 +90,11 @@ void CatalogueCommands::attach(MainApp* window) {
     connect(window, &MainApp::pageShown, this, [this](Page page) {
         if (page == Page::orbits) applySelection(list_->selectionCounts());
     });
+    // "Selected Items:" in the new language at once, not at the next selection.
+    connect(window, &MainApp::retitled, this, [this] {
+        reloadTexts();
+        if (window_ && window_->currentPage() == Page::orbits) applySelection(list_->selectionCounts());
+    });
     window->setPageStatusPart(Page::orbits, 2, qtText(Section::orvStatus, 22));
 }
 

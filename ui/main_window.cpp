@@ -583,6 +583,7 @@ void MainApp::retitle() {
     workPane()->retitle();
     resultList()->resultModel()->retitle();
     update();
+    emit retitled();
 }
 
 // ---------------------------------------------------------------- messages

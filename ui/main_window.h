@@ -100,6 +100,8 @@ signals:
     void closedAndSaved();
     // A page was shown and its enable rules applied.
     void pageShown(Page page);
+    // Every text was set again from the language table.
+    void retitled();
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -158,10 +158,13 @@ private slots:
         // A language file changes the menus.
         const std::filesystem::path languages = desk.home.root() / "Languages";
         std::filesystem::create_directories(languages);
-        testing::writeFile(languages / "Test.lng", "[orvMenu]\n1=Datei\n");
+        selectRow(desk.list(), 0);
+        QCOMPARE(desk.window->statusText(2), QStringLiteral("Selected Items: 1"));
+        testing::writeFile(languages / "Test.lng", "[orvMenu]\n1=Datei\n[orvStatus]\n1=Markiert:\n");
         QCOMPARE(LoadLanguage(languages, "Test.lng"), LanguageLoad::fileRead);
         desk.window->retitle();
         QCOMPARE(desk.window->menuBar()->actions()[0]->text(), QStringLiteral("Datei"));
+        QCOMPARE(desk.window->statusText(2), QStringLiteral("Markiert: 1"));
     }
 };
 
