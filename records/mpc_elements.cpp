@@ -11,6 +11,7 @@
 #include "base/fortran_format.h"
 #include "records/number_text.h"
 #include "records/validation.h"
+#include "records/text_lines.h"
 
 namespace orvane {
 namespace {
@@ -279,22 +280,6 @@ std::string_view statusText(MpcLineStatus status) {
     return "";
 }
 
-// Calls `line` for every line of the text, a CR before the LF taken off; a last
-// line without a line end counts, an empty rest behind the last LF does not.
-template <typename Line>
-std::size_t forEachLine(std::string_view text, Line&& line) {
-    std::size_t count = 0;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const auto lf = text.find('\n', start);
-        const std::size_t end = lf == std::string_view::npos ? text.size() : lf;
-        std::string_view content = text.substr(start, end - start);
-        if (content.ends_with('\r')) content.remove_suffix(1);
-        line(++count, content);
-        start = end + 1;
-    }
-    return count;
-}
 
 }  // namespace
 
@@ -367,7 +352,8 @@ MpcFileResult readMpcCometText(std::string_view text, RecordArray& records) {
     });
     records.reset(candidates);
     OrbitRecord scratch;
-    forEachLine(text, [&](std::size_t number, std::string_view line) {
+    forEachLine(text, [&](std::size_t index, std::string_view line) {
+        const std::size_t number = index + 1;
         MpcLineOutcome read = readMpcCometLine(line, scratch);
         read.line = number;
         switch (read.status) {

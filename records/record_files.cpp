@@ -6,26 +6,10 @@
 
 #include "records/els_format.h"
 #include "records/list_format.h"
+#include "records/text_lines.h"
 
 namespace orvane {
 namespace {
-
-// Calls `line` for every line of the text, a CR before the LF taken off; a last
-// line without a line end counts, an empty rest behind the last LF does not.
-template <typename Line>
-std::size_t forEachLine(std::string_view text, Line&& line) {
-    std::size_t count = 0;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const auto lf = text.find('\n', start);
-        const std::size_t end = lf == std::string_view::npos ? text.size() : lf;
-        std::string_view content = text.substr(start, end - start);
-        if (content.ends_with('\r')) content.remove_suffix(1);
-        line(count++, content);
-        start = end + 1;
-    }
-    return count;
-}
 
 FileReadResult readEls(std::string_view text, RecordArray& records) {
     records.reset(forEachLine(text, [](std::size_t, std::string_view) {}));

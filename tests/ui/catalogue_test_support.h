@@ -122,6 +122,13 @@ inline void executeSql(const std::string& databasePath, const std::string& state
     sql::close(db);
 }
 
+// Makes `row` the one selected and focused row of the list.
+inline void selectRow(MyListView* list, int row) {
+    list->clearSelection();
+    const QModelIndex index = list->model()->index(row, 1);
+    list->selectionModel()->setCurrentIndex(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
 template <class T> T* control(QWidget& window, int id) {
     for (T* child : window.findChildren<T*>())
         if (child->property("controlId").toInt() == id) return child;

@@ -17,15 +17,10 @@
 
 using namespace orvane;
 using orvane::testing::Desk;
+using orvane::testing::selectRow;
 using orvane::testing::control;
 
 namespace {
-
-void selectRow(MyListView* list, int row) {
-    list->clearSelection();
-    const QModelIndex index = list->model()->index(row, 1);
-    list->selectionModel()->setCurrentIndex(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
-}
 
 int rowOfName(Desk& desk, const std::string& name) {
     const SearchSession& s = desk.commands->session();

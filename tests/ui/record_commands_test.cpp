@@ -9,14 +9,9 @@
 
 using namespace orvane;
 using orvane::testing::Desk;
+using orvane::testing::selectRow;
 
 namespace {
-
-void selectRow(MyListView* list, int row) {
-    list->clearSelection();
-    const QModelIndex index = list->model()->index(row, 1);
-    list->selectionModel()->setCurrentIndex(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
-}
 
 // The list's rows as "id name", in list order.
 QStringList rows(Desk& desk) {
@@ -27,6 +22,16 @@ QStringList rows(Desk& desk) {
                                       " " + std::string(s.result.text(r, Field::name)));
     }
     return out;
+}
+
+// The real record window, one comet in the catalogue, found and selected.
+bool listOneComet(Desk& desk) {
+    desk.commands->realRecordWindow = true;
+    testing::insertDirect(desk.database(), {testing::testComet(1, "First")});
+    desk.formForAll();
+    if (!desk.searchAndWait()) return false;
+    selectRow(desk.list(), 0);
+    return true;
 }
 
 // Answers every question of the record window with OK and keeps the texts.
@@ -89,11 +94,7 @@ private slots:
 
     void duplicateAndAddInsertNewRecords() {
         Desk desk;
-        desk.commands->realRecordWindow = true;
-        testing::insertDirect(desk.database(), {testing::testComet(1, "First")});
-        desk.formForAll();
-        QVERIFY(desk.searchAndWait());
-        selectRow(desk.list(), 0);
+        QVERIFY(listOneComet(desk));
 
         QVERIFY(desk.window->execute(cmd::kDuplicate));
         ElementsEdit* edit = desk.commands->recordWindow();
@@ -123,11 +124,7 @@ private slots:
 
     void aRecordThatFailsTheChecksWritesNothing() {
         Desk desk;
-        desk.commands->realRecordWindow = true;
-        testing::insertDirect(desk.database(), {testing::testComet(1, "First")});
-        desk.formForAll();
-        QVERIFY(desk.searchAndWait());
-        selectRow(desk.list(), 0);
+        QVERIFY(listOneComet(desk));
         QVERIFY(desk.window->execute(cmd::kEdit));
         ElementsEdit* edit = desk.commands->recordWindow();
         QVERIFY(edit != nullptr);
