@@ -142,16 +142,28 @@ void putF(std::span<char> field, double value, int d) {
     }
 }
 
-void putE(std::span<char> field, double value, int d) {
-    const std::size_t w = field.size();
-    if (!widthUsable(field) || d < 1 || static_cast<std::size_t>(d) >= w) {
+namespace {
+
+// What E and ES share before their digits: a width or a d that cannot hold the
+// form fills the field with stars, infinities and NaN have their own texts. True
+// when the field is done.
+bool scientificFieldDone(std::span<char> field, double value, int d, int smallestD) {
+    if (!widthUsable(field) || d < smallestD || static_cast<std::size_t>(d) >= field.size()) {
         fillStars(field);
-        return;
+        return true;
     }
     if (!std::isfinite(value)) {
         putNonFinite(field, value);
-        return;
+        return true;
     }
+    return false;
+}
+
+}  // namespace
+
+void putE(std::span<char> field, double value, int d) {
+    const std::size_t w = field.size();
+    if (scientificFieldDone(field, value, d, 1)) return;
     Scientific sci;
     const double magnitude = std::fabs(value);
     scientificDigits(magnitude, d, sci);
@@ -172,15 +184,7 @@ void putE(std::span<char> field, double value, int d) {
 }
 
 void putES(std::span<char> field, double value, int d) {
-    const std::size_t w = field.size();
-    if (!widthUsable(field) || d < 0 || static_cast<std::size_t>(d) >= w) {
-        fillStars(field);
-        return;
-    }
-    if (!std::isfinite(value)) {
-        putNonFinite(field, value);
-        return;
-    }
+    if (scientificFieldDone(field, value, d, 0)) return;
     Scientific sci;
     const double magnitude = std::fabs(value);
     scientificDigits(magnitude, d + 1, sci);

@@ -20,15 +20,7 @@ DeleteBatchResult deleteThread(std::string_view databasePath, std::span<const st
     view.setBusy(true);
 
     CatalogueDb db;
-    if (sql::open(databasePath, db) != SQLITE_OK || sql::begin(db) != SQLITE_OK) {
-        result.status = BatchStatus::OpenFailed;
-        result.sqliteCode = db.lastError;
-        sql::close(db);
-        view.setBusy(false);
-        view.setCatalogueCommandsEnabled(true);
-        view.setStatus(texts.records.ready);
-        return result;
-    }
+    if (!beginChangeBatch(databasePath, db, result.status, result.sqliteCode, view, texts)) return result;
 
     // The batch holds the ids of the selected rows.
     RecordArray batch;

@@ -49,15 +49,7 @@ EditBatchResult editThread(std::string_view databasePath, std::span<const OrbitR
     const long long boundary = catalogueBoundary(databasePath, session.tables);
 
     CatalogueDb db;
-    if (sql::open(databasePath, db) != SQLITE_OK || sql::begin(db) != SQLITE_OK) {
-        result.status = BatchStatus::OpenFailed;
-        result.sqliteCode = db.lastError;
-        sql::close(db);
-        view.setBusy(false);
-        view.setCatalogueCommandsEnabled(true);
-        view.setStatus(texts.records.ready);
-        return result;
-    }
+    if (!beginChangeBatch(databasePath, db, result.status, result.sqliteCode, view, texts)) return result;
 
     view.setStatus(texts.editingRecords);
     view.setRemainingTime(texts.records.remainingUnknown);

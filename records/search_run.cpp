@@ -148,6 +148,18 @@ void refreshAfterBatch(std::string_view databasePath, const SearchForm& form, Se
     }
 }
 
+bool beginChangeBatch(std::string_view databasePath, CatalogueDb& db, BatchStatus& status, int& sqliteCode,
+                      SearchView& view, const SearchTexts& texts) {
+    if (sql::open(databasePath, db) == SQLITE_OK && sql::begin(db) == SQLITE_OK) return true;
+    status = BatchStatus::OpenFailed;
+    sqliteCode = db.lastError;
+    sql::close(db);
+    view.setBusy(false);
+    view.setCatalogueCommandsEnabled(true);
+    view.setStatus(texts.records.ready);
+    return false;
+}
+
 bool finishChangeBatch(CatalogueDb& db, BatchStatus& status, int& sqliteCode, std::string_view databasePath,
                        const SearchForm& form, SearchSession& session, SearchView& view,
                        const SearchTexts& texts, const BatchClock& clock) {

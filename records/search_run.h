@@ -80,6 +80,13 @@ long long countHits(std::string_view databasePath, std::string_view clause, Colu
 void refreshAfterBatch(std::string_view databasePath, const SearchForm& form, SearchSession& session,
                        SearchView& view, const SearchTexts& texts, const BatchClock& clock);
 
+// The start of an edit or delete batch: the catalogue opened and a transaction
+// begun. When either fails the connection is closed, the commands are given back,
+// the status says "Ready" and the answer is false, with the failure in status and
+// sqliteCode.
+bool beginChangeBatch(std::string_view databasePath, CatalogueDb& db, BatchStatus& status, int& sqliteCode,
+                      SearchView& view, const SearchTexts& texts);
+
 // The end of an edit or delete batch: a batch that went through is committed, one that
 // failed, or whose commit failed, is rolled back; then the connection is closed, the
 // search in force refreshed and the commands given back. False when rolled back.
