@@ -18,19 +18,7 @@ using namespace orvane;
 
 constexpr int kRecords = 100000;
 
-struct QuietView : BatchView {
-    void setCatalogueCommandsEnabled(bool) override {}
-    void setStatus(std::string_view) override {}
-    void setRemainingTime(std::string_view) override {}
-    void showProgress(long long) override {}
-    void stepProgress() override {}
-    void hideProgress() override {}
-    void showMessage(std::string_view, std::string_view, MessageIcon) override {}
-    bool askOkCancel(std::string_view, std::string_view) override { return true; }
-    bool searchListFilledByForm() override { return false; }
-    void rerunSearch() override {}
-    void refreshStatistics() override {}
-};
+using QuietView = SilentBatchView;
 
 std::filesystem::path workFolder() {
     const auto folder = std::filesystem::temp_directory_path() / ("orvane-bench-records-" + std::to_string(getpid()));

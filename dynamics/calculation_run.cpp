@@ -337,8 +337,10 @@ double CalendarNumber(double jd) {
     return sign * (std::fabs(static_cast<double>(d.year)) * 10000.0 + d.month * 100.0 + d.day);
 }
 
-IntegrationBlock MakeIntegrationBlock(double jd, const StateVector& state, const NonGravity& ng) {
-    const OrbitElements el = ElementsFromState(jd, state, kGaussSquared, kObliquityJ2000);
+namespace {
+
+// The block of an instant from its elements and state.
+IntegrationBlock BlockOf(double jd, const OrbitElements& el, const StateVector& state, const NonGravity& ng) {
     IntegrationBlock b;
     b.time = jd;
     b.timeCalendar = CalendarNumber(jd);
@@ -367,37 +369,18 @@ IntegrationBlock MakeIntegrationBlock(double jd, const StateVector& state, const
     return b;
 }
 
+}  // namespace
+
+IntegrationBlock MakeIntegrationBlock(double jd, const StateVector& state, const NonGravity& ng) {
+    return BlockOf(jd, ElementsFromState(jd, state, kGaussSquared, kObliquityJ2000), state, ng);
+}
+
 IntegrationBlock BlockFromElements(double epoch, double Tp, double q, double e, double omega, double node,
                                    double i, const NonGravity& ng) {
     const DerivedOrbit d = DerivedElements(epoch, Tp, q, e);
     GaussianGravity gravity;
     const StateVector s = StateFromElements(q, e, omega, node, i, d.M, d.a, 0.0, kObliquityJ2000, gravity);
-    IntegrationBlock b;
-    b.time = epoch;
-    b.timeCalendar = CalendarNumber(epoch);
-    b.Tp = Tp;
-    b.TpCalendar = CalendarNumber(Tp);
-    b.q = q;
-    b.e = e;
-    b.P = d.P;
-    b.omega = omega;
-    b.node = node;
-    b.i = i;
-    b.M = d.M;
-    b.n = d.n;
-    b.a = d.a;
-    b.Q = d.Q;
-    b.x = s.x;
-    b.y = s.y;
-    b.z = s.z;
-    b.vx = s.vx;
-    b.vy = s.vy;
-    b.vz = s.vz;
-    b.A1 = ng.A1;
-    b.A2 = ng.A2;
-    b.A3 = ng.A3;
-    b.NGE_DT = ng.dt;
-    return b;
+    return BlockOf(epoch, {Tp, q, e, d.P, omega, node, i, d.M, d.n, d.a, d.Q}, s, ng);
 }
 
 CalculationRun::CalculationRun(TaskRun& run, Ephemeris& ephemeris, RunHooks& hooks)

@@ -37,4 +37,21 @@ public:
     virtual void refreshStatistics() = 0;
 };
 
+// A batch run with nobody watching (tools, benchmarks, tests that set up a
+// catalogue): it shows nothing and answers every question with OK.
+class SilentBatchView : public BatchView {
+public:
+    void setCatalogueCommandsEnabled(bool) override {}
+    void setStatus(std::string_view) override {}
+    void setRemainingTime(std::string_view) override {}
+    void showProgress(long long) override {}
+    void stepProgress() override {}
+    void hideProgress() override {}
+    void showMessage(std::string_view, std::string_view, MessageIcon) override {}
+    bool askOkCancel(std::string_view, std::string_view) override { return true; }
+    bool searchListFilledByForm() override { return false; }
+    void rerunSearch() override {}
+    void refreshStatistics() override {}
+};
+
 }  // namespace orvane

@@ -7,44 +7,16 @@
 #include <ctime>
 
 #include "catalogue/sql_layer.h"
+#include "records/search_estimate.h"
 
 namespace orvane {
 namespace {
-
-constexpr double kDisplayInterval = 0.5;
-constexpr double kNoEstimateYet = 1e15;
 
 std::string clockPart(double value) {
     if (!(value > 0.0)) return "0";
     std::string text = std::to_string(static_cast<long long>(std::min(value, 99999999.0)));
     return text.substr(0, 8);
 }
-
-// The estimate shown so far and when the clock was last looked at.
-class Estimate {
-public:
-    Estimate(std::size_t total, const BatchClock& clock)
-        : total_(static_cast<double>(total)), clock_(clock), start_(clock()), last_(start_) {}
-
-    void afterRecord(std::size_t done, BatchView& view, const RecordTexts& texts) {
-        const double now = clock_();
-        if (now - last_ <= kDisplayInterval) return;
-        last_ = now;
-        const double elapsed = now - start_;
-        const double remaining = total_ * elapsed / static_cast<double>(done) - elapsed;
-        if (remaining < shown_) {
-            shown_ = remaining;
-            view.setRemainingTime(remainingTimeText(remaining, texts));
-        }
-    }
-
-private:
-    double total_;
-    const BatchClock& clock_;
-    double start_;
-    double last_;
-    double shown_ = kNoEstimateYet;
-};
 
 void finish(BatchView& view, const RecordTexts& texts) {
     view.setCatalogueCommandsEnabled(true);
@@ -94,7 +66,7 @@ InsertBatchResult insertRecords(std::string_view databasePath, std::span<const O
     view.setStatus(texts.addingRecords);
     view.setRemainingTime(texts.remainingUnknown);
     view.showProgress(static_cast<long long>(records.size()));
-    Estimate estimate(records.size(), clock);
+    RemainingTimeEstimate estimate(records.size(), clock);
     std::string statement;
     for (std::size_t k = 0; k < records.size(); ++k) {
         buildInsertStatement(records[k], k, mode, statement);
@@ -110,7 +82,7 @@ InsertBatchResult insertRecords(std::string_view databasePath, std::span<const O
             ++result.skipped;  // a rejected statement is skipped, as it always was
         }
         view.stepProgress();
-        estimate.afterRecord(k + 1, view, texts);
+        estimate.afterItem(k + 1, view, texts);
     }
 
     view.hideProgress();

@@ -1,31 +1,10 @@
 #include "records/insert_statement.h"
 
 #include "base/fixed_text.h"
+#include "records/sql_values.h"
 
 namespace orvane {
 namespace {
-
-void appendDoubled(std::string& out, std::string_view value) {
-    for (const char c : value) {
-        if (c == '\'') out += '\'';
-        out += c;
-    }
-}
-
-// The list format carries a line end of `hinfo` as the two characters "\n".
-std::string infoWithLineEnds(std::string_view info) {
-    std::string out;
-    out.reserve(info.size());
-    for (std::size_t k = 0; k < info.size(); ++k) {
-        if (info[k] == '\\' && k + 1 < info.size() && info[k + 1] == 'n') {
-            out += "\r\n";
-            ++k;
-        } else {
-            out += info[k];
-        }
-    }
-    return out;
-}
 
 void dropLastComma(std::string& list) {
     if (!list.empty() && list.back() == ',') list.pop_back();
@@ -59,7 +38,7 @@ void buildInsertStatement(const OrbitRecord& record, std::size_t index, const In
         std::string doubled;
         appendDoubled(doubled, info);
         values += " trim('";
-        values += infoWithLineEnds(doubled);
+        appendWithLineEnds(values, doubled);
         values += "', '\r\n '),";
     }
     dropLastComma(columns);

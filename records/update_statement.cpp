@@ -4,30 +4,9 @@
 #include <cstdlib>
 
 #include "base/fixed_text.h"
+#include "records/sql_values.h"
 
 namespace orvane {
-namespace {
-
-void appendDoubled(std::string& out, std::string_view value) {
-    for (const char c : value) {
-        if (c == '\'') out += '\'';
-        out += c;
-    }
-}
-
-// The list format carries a line end of `hinfo` as the two characters "\n".
-void appendWithLineEnds(std::string& out, std::string_view info) {
-    for (std::size_t k = 0; k < info.size(); ++k) {
-        if (info[k] == '\\' && k + 1 < info.size() && info[k + 1] == 'n') {
-            out += "\r\n";
-            ++k;
-        } else {
-            out += info[k];
-        }
-    }
-}
-
-}  // namespace
 
 void buildUpdateStatement(const OrbitRecord& record, long long id, std::string& statement) {
     statement = "update elements set";

@@ -67,4 +67,25 @@ private:
     std::string failedFile_;
 };
 
+// The text side of a run with nobody watching: labels, progress and frames go
+// nowhere, a full file is left and the run goes on (the answer Yes), and the end
+// of the run closes the files. Tools and tests derive from it for the few messages
+// they show.
+class SilentTaskOutput : public TaskOutput {
+public:
+    using TaskOutput::TaskOutput;
+    void DrawOrbitFrame(int, const RunObject&, const BodyStatesResult&) override {}
+    void ShowObjectLabel(TaskKind, int, int) override {}
+    void ShowStatus(RunStatus) override {}
+    void SetProgressRange(int) override {}
+    void StepProgress() override {}
+    void ShowRemainingTime(int, int, int) override {}
+    void ShowLeftSolarSystem(const std::string&) override {}
+    bool AskContinueWithoutFile(int) override { return true; }
+    void ShowFileOpenFailure() override {}
+    void ReportNoCloseApproaches() override {}
+    void RunStarted() override {}
+    void EndRun() override { closeFiles(); }
+};
+
 }  // namespace orvane

@@ -28,15 +28,9 @@ void complain(const std::string& message) { std::cerr << "orvane-cli: " << messa
 
 // The view of a run on a terminal: messages go to standard error, the run goes on
 // without the file when it outgrows its limit, as the answer Yes does.
-class CliOutput final : public TaskOutput {
+class CliOutput final : public SilentTaskOutput {
 public:
-    using TaskOutput::TaskOutput;
-    void DrawOrbitFrame(int, const RunObject&, const BodyStatesResult&) override {}
-    void ShowObjectLabel(TaskKind, int, int) override {}
-    void ShowStatus(RunStatus) override {}
-    void SetProgressRange(int) override {}
-    void StepProgress() override {}
-    void ShowRemainingTime(int, int, int) override {}
+    using SilentTaskOutput::SilentTaskOutput;
     void ShowLeftSolarSystem(const std::string& name) override {
         complain(LeftSolarSystemMessage(texts(), name));
     }
@@ -45,9 +39,6 @@ public:
         return true;
     }
     void ShowFileOpenFailure() override { complain(FileOpenFailureMessage(texts(), failedFile())); }
-    void ReportNoCloseApproaches() override {}
-    void RunStarted() override {}
-    void EndRun() override { closeFiles(); }
 };
 
 // A name from a file may hold any bytes; the terminal gets printable ones.

@@ -18,23 +18,7 @@ using orvane::testing::readFile;
 
 constexpr double kJ2000 = 2451545.0;
 
-// The text side of a run with a silent view.
-class QuietOutput final : public TaskOutput {
-public:
-    using TaskOutput::TaskOutput;
-    void DrawOrbitFrame(int, const RunObject&, const BodyStatesResult&) override {}
-    void ShowObjectLabel(TaskKind, int, int) override {}
-    void ShowStatus(RunStatus) override {}
-    void SetProgressRange(int) override {}
-    void StepProgress() override {}
-    void ShowRemainingTime(int, int, int) override {}
-    void ShowLeftSolarSystem(const std::string&) override {}
-    bool AskContinueWithoutFile(int) override { return true; }
-    void ShowFileOpenFailure() override {}
-    void ReportNoCloseApproaches() override {}
-    void RunStarted() override {}
-    void EndRun() override { closeFiles(); }
-};
+using QuietOutput = SilentTaskOutput;
 
 EphemerisLine lineAt(double jd) {
     EphemerisLine l;

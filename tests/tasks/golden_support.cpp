@@ -9,30 +9,18 @@ namespace orvane::golden {
 
 namespace {
 
-class SilentOutput final : public TaskOutput {
+class SilentOutput final : public SilentTaskOutput {
 public:
-    using TaskOutput::TaskOutput;
+    using SilentTaskOutput::SilentTaskOutput;
     bool EmitEphemerisHeader(int index, const RunObject& object, const EphemerisLine& first) override {
         lines.push_back({index, first});
-        return TaskOutput::EmitEphemerisHeader(index, object, first);
+        return SilentTaskOutput::EmitEphemerisHeader(index, object, first);
     }
     void EmitEphemerisLine(int index, const RunObject& object, const EphemerisLine& line) override {
-        TaskOutput::EmitEphemerisLine(index, object, line);
+        SilentTaskOutput::EmitEphemerisLine(index, object, line);
         lines.push_back({index, line});
     }
     std::vector<EmittedLine> lines;
-    void DrawOrbitFrame(int, const RunObject&, const BodyStatesResult&) override {}
-    void ShowObjectLabel(TaskKind, int, int) override {}
-    void ShowStatus(RunStatus) override {}
-    void SetProgressRange(int) override {}
-    void StepProgress() override {}
-    void ShowRemainingTime(int, int, int) override {}
-    void ShowLeftSolarSystem(const std::string&) override {}
-    bool AskContinueWithoutFile(int) override { return true; }
-    void ShowFileOpenFailure() override {}
-    void ReportNoCloseApproaches() override {}
-    void RunStarted() override {}
-    void EndRun() override { closeFiles(); }
 };
 
 }  // namespace

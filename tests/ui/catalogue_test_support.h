@@ -97,19 +97,7 @@ inline OrbitRecord testComet(int k, const std::string& name) {
 }
 
 // A view for batches that the test runs itself, without a window.
-struct QuietView : BatchView {
-    void setCatalogueCommandsEnabled(bool) override {}
-    void setStatus(std::string_view) override {}
-    void setRemainingTime(std::string_view) override {}
-    void showProgress(long long) override {}
-    void stepProgress() override {}
-    void hideProgress() override {}
-    void showMessage(std::string_view, std::string_view, MessageIcon) override {}
-    bool askOkCancel(std::string_view, std::string_view) override { return true; }
-    bool searchListFilledByForm() override { return false; }
-    void rerunSearch() override {}
-    void refreshStatistics() override {}
-};
+using QuietView = SilentBatchView;
 
 inline void insertDirect(const std::string& databasePath, const std::vector<OrbitRecord>& records) {
     QuietView view;

@@ -174,7 +174,10 @@ private slots:
         QVERIFY(desk.waitForWorker());
         QVERIFY(desk.searchAndWait());
         QCOMPARE(desk.commands->session().result.size(), std::size_t(2));
-        QVERIFY(!desk.commands->messages.isEmpty());
+        QCOMPARE(desk.commands->messages,
+                 QStringList{QStringLiteral("One or more strings contains are incorrect.\r\nElements format error! "
+                                            "\"periodic comet number\" at 1 record.\r\nSuggestions:\r\n"
+                                            "- Periodic comet number must be an integer.")});
     }
 };
 
