@@ -10,7 +10,7 @@
 #include "base/list_directed.h"
 #include "catalogue/schema.h"
 #include "catalogue/sql_layer.h"
-#include "ui/language/load_language.h"
+#include "language/load_language.h"
 
 namespace orvane {
 namespace fs = std::filesystem;

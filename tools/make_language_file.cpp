@@ -7,8 +7,8 @@
 #include <fstream>
 #include <string>
 
-#include "ui/language/default_texts.h"
-#include "ui/language/sections.h"
+#include "language/default_texts.h"
+#include "language/sections.h"
 
 int main(int argc, char** argv) {
     if (argc != 2) {

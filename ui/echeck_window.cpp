@@ -10,7 +10,7 @@
 #include <QScreen>
 
 #include "app/app_state.h"
-#include "ui/language/language_table.h"
+#include "language/language_table.h"
 #include "ui/qt_text.h"
 
 namespace orvane {

@@ -10,7 +10,7 @@
 
 #include "ui/commands.h"
 #include "ui/help_viewer.h"
-#include "ui/language/sections.h"
+#include "language/sections.h"
 
 class QLabel;
 class QMenu;

@@ -2,7 +2,7 @@
 // The language table's texts for Qt: the table holds UTF-8.
 #include <QString>
 
-#include "ui/language/language_table.h"
+#include "language/language_table.h"
 
 namespace orvane {
 

@@ -5,7 +5,7 @@
 // window and its children (actions of menus included) and sets each text anew.
 #include <QString>
 
-#include "ui/language/sections.h"
+#include "language/sections.h"
 
 class QObject;
 

@@ -7,7 +7,7 @@
 #include <span>
 
 #include "app/app_state.h"
-#include "ui/language/sections.h"
+#include "language/sections.h"
 
 namespace orvane {
 

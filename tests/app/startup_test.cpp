@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "app/config_file.h"
-#include "ui/language/language_table.h"
+#include "language/language_table.h"
 #include "support/temp_home.h"
 
 using namespace orvane;

@@ -1,11 +1,11 @@
-#include "ui/language/default_texts.h"
+#include "language/default_texts.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "ui/language/language_table.h"
+#include "language/language_table.h"
 
 using namespace orvane;
 

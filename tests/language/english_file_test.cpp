@@ -3,8 +3,8 @@
 
 #include <filesystem>
 
-#include "ui/language/default_texts.h"
-#include "ui/language/load_language.h"
+#include "language/default_texts.h"
+#include "language/load_language.h"
 
 using namespace orvane;
 

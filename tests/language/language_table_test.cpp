@@ -1,10 +1,10 @@
-#include "ui/language/language_table.h"
+#include "language/language_table.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "ui/language/default_texts.h"
+#include "language/default_texts.h"
 
 using namespace orvane;
 

@@ -1,4 +1,4 @@
-#include "ui/language/load_language.h"
+#include "language/load_language.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "support/temp_home.h"
-#include "ui/language/default_texts.h"
-#include "ui/language/text_encoding.h"
+#include "language/default_texts.h"
+#include "language/text_encoding.h"
 
 using namespace orvane;
 using namespace std::string_literals;

@@ -1,4 +1,4 @@
-#include "ui/language/profile_reader.h"
+#include "language/profile_reader.h"
 
 #include <gtest/gtest.h>
 

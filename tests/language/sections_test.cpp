@@ -1,4 +1,4 @@
-#include "ui/language/sections.h"
+#include "language/sections.h"
 
 #include <gtest/gtest.h>
 

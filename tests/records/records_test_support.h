@@ -14,8 +14,8 @@
 #include "records/orbit_record.h"
 #include "records/record_texts.h"
 #include "support/temp_home.h"
-#include "ui/language/language_table.h"
-#include "ui/language/sections.h"
+#include "language/language_table.h"
+#include "language/sections.h"
 
 namespace orvane::testing {
 

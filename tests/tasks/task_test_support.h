@@ -4,7 +4,7 @@
 #include <string>
 
 #include "tasks/task_texts.h"
-#include "ui/language/language_table.h"
+#include "language/language_table.h"
 
 namespace orvane::testing {
 

@@ -23,8 +23,8 @@
 #include "ui/elements_edit.h"
 #include "ui/commands.h"
 #include "ui/elements_page.h"
-#include "ui/language/language_table.h"
-#include "ui/language/load_language.h"
+#include "language/language_table.h"
+#include "language/load_language.h"
 #include "ui/main_window.h"
 #include "ui/my_list_view.h"
 

@@ -18,8 +18,8 @@
 #include "support/temp_home.h"
 #include "ui/edit_page.h"
 #include "ui/elements_edit.h"
-#include "ui/language/language_table.h"
-#include "ui/language/load_language.h"
+#include "language/language_table.h"
+#include "language/load_language.h"
 
 using namespace orvane;
 

@@ -19,7 +19,7 @@
 #include "support/temp_home.h"
 #include "ui/edit_page.h"
 #include "ui/key_filters.h"
-#include "ui/language/language_table.h"
+#include "language/language_table.h"
 
 using namespace orvane;
 

@@ -14,8 +14,8 @@
 #include "app/startup.h"
 #include "support/temp_home.h"
 #include "ui/elements_page.h"
-#include "ui/language/language_table.h"
-#include "ui/language/load_language.h"
+#include "language/language_table.h"
+#include "language/load_language.h"
 #include "ui/main_window.h"
 #include "ui/start_page.h"
 

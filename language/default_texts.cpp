@@ -2,7 +2,7 @@
 // order. Key k of a section is element k - 1. Texts are UTF-8; characters outside
 // ASCII are written as byte escapes, with the character in the comment beside them.
 // Generated once from the English text list and reviewed by hand.
-#include "ui/language/default_texts.h"
+#include "language/default_texts.h"
 
 #include <array>
 #include <cstddef>

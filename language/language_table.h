@@ -14,7 +14,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ui/language/sections.h"
+#include "language/sections.h"
 
 namespace orvane {
 

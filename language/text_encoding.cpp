@@ -1,4 +1,4 @@
-#include "ui/language/text_encoding.h"
+#include "language/text_encoding.h"
 
 #include <array>
 

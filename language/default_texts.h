@@ -13,7 +13,7 @@
 #include <span>
 #include <string_view>
 
-#include "ui/language/sections.h"
+#include "language/sections.h"
 
 namespace orvane {
 

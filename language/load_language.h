@@ -20,7 +20,7 @@
 #include <optional>
 #include <string_view>
 
-#include "ui/language/language_table.h"
+#include "language/language_table.h"
 
 namespace orvane {
 

@@ -1,11 +1,11 @@
-#include "ui/language/language_table.h"
+#include "language/language_table.h"
 
 #include <algorithm>
 #include <array>
 
 #include "base/fixed_text.h"
-#include "ui/language/default_texts.h"
-#include "ui/language/text_encoding.h"
+#include "language/default_texts.h"
+#include "language/text_encoding.h"
 
 namespace orvane {
 namespace {

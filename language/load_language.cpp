@@ -1,4 +1,4 @@
-#include "ui/language/load_language.h"
+#include "language/load_language.h"
 
 #include <algorithm>
 #include <array>
@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "base/fixed_text.h"
-#include "ui/language/profile_reader.h"
-#include "ui/language/text_encoding.h"
+#include "language/profile_reader.h"
+#include "language/text_encoding.h"
 
 namespace orvane {
 namespace {
