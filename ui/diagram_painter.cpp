@@ -7,6 +7,7 @@
 
 #include "astro/constants.h"
 #include "tasks/diagram_controls.h"
+#include "tasks/pixel_canvas.h"
 #include "tasks/orbit_path.h"
 
 namespace orvane {
@@ -51,26 +52,21 @@ constexpr int kStripMargin = 8;
 
 // Pens and brushes hold shared data: made once, every paint only refers to them.
 struct Tools {
-    static QPen Pen(const QColor& color, Qt::PenStyle style = Qt::SolidLine) {
-        QPen pen(color, 0, style);
+    static QPen Pen(const QColor& color) {
+        QPen pen(color, 0, Qt::SolidLine);
         pen.setCosmetic(true);
         return pen;
     }
     QPen sun = Pen(kSunOutline);
     QPen axes[3] = {Pen(kAxisX), Pen(kAxisY), Pen(kAxisZ)};
-    QPen planetAbove = Pen(kPlanetAbove);
-    QPen planetBelow = Pen(kPlanetBelow, Qt::DotLine);
-    QPen cometAbove = Pen(kComet);
-    QPen cometBelow = Pen(kComet, Qt::DotLine);
-    QPen epochAbove = Pen(kCometEpoch);
-    QPen epochBelow = Pen(kCometEpoch, Qt::DotLine);
     QPen planetMark = Pen(kPlanetMark);
     QPen cometMark = Pen(kCometMark);
     struct Ink {
-        QPen text, planetName, cometName;
+        QPen text;
+        QRgb planetName, cometName;
     };
-    Ink onLight{Pen(kText), Pen(kPlanetName), Pen(kCometName)};
-    Ink onDark{Pen(kTextOnDark), Pen(kPlanetNameOnDark), Pen(kCometNameOnDark)};
+    Ink onLight{Pen(kText), kPlanetName.rgb(), kCometName.rgb()};
+    Ink onDark{Pen(kTextOnDark), kPlanetNameOnDark.rgb(), kCometNameOnDark.rgb()};
     QPen text = Pen(kText);  // the strip
     QBrush sunFill{kSunFill};
     QBrush bodyFill{Qt::white};
@@ -145,40 +141,37 @@ void DrawSun(QPainter& p, const DiagramProjection& view) {
     p.drawEllipse(QPointF(view.centerX(), view.centerY()), r, r);
 }
 
-void DrawArcs(QPainter& p, const std::array<ArcPolyline, 2>& arcs, int count, const QPen& pen) {
-    std::array<QPoint, kMaxArcPoints> points;
-    p.setPen(pen);
+void DrawArcs(const PixelCanvas& canvas, const std::array<ArcPolyline, 2>& arcs, int count, QRgb colour,
+              LineStyle style) {
     for (int k = 0; k < count; ++k) {
         const ArcPolyline& arc = arcs[static_cast<std::size_t>(k)];
-        for (int n = 0; n < arc.count; ++n) {
-            points[static_cast<std::size_t>(n)] = ToQPoint(arc.points[static_cast<std::size_t>(n)]);
-        }
-        p.drawPolyline(points.data(), arc.count);
+        DrawPolyline(canvas, arc.points.data(), arc.count, colour, style);
     }
 }
 
-void DrawOrbit(QPainter& p, const IntegrationBlock& b, double step, const DiagramProjection& view, OrbitPath& path,
-               const QPen& above, const QPen& below) {
+// The arc above the ecliptic solid, the one below dotted.
+void DrawOrbit(const PixelCanvas& canvas, const IntegrationBlock& b, double step, const DiagramProjection& view,
+               OrbitPath& path, QRgb above, QRgb below) {
     SampleOrbit({b.q, b.e, b.omega, b.node, b.i}, step, view, path);
-    DrawArcs(p, path.upper, path.upperCount, above);
-    DrawArcs(p, path.lower, path.lowerCount, below);
+    DrawArcs(canvas, path.upper, path.upperCount, above, LineStyle::Solid);
+    DrawArcs(canvas, path.lower, path.lowerCount, below, LineStyle::Dotted);
 }
 
 bool HasBlocks(const DiagramScene& scene) { return scene.frame && scene.frame->stepped; }
 
-// A body: a small white disc at its position, its name at the right.
-void DrawBody(QPainter& p, const DiagramProjection& view, const IntegrationBlock& block, const QPen& mark,
-              const QStaticText* name, const QPen& namePen) {
+// A body: a small white disc at its position, its name at the right, the middle
+// of the name's rectangle level with the mark.
+void DrawBody(QPainter& p, const PixelCanvas& canvas, const DiagramProjection& view, const IntegrationBlock& block,
+              const QPen& mark, const QImage* name, QRgb ink) {
     double x = 0.0, y = 0.0, z = 0.0;
     EclipticPosition(block, x, y, z);
     const QPoint at = ToQPoint(view.Project(x, y, z));
     p.setPen(mark);
     p.drawEllipse(at, kBodyRadius, kBodyRadius);
-    if (!name) return;
-    // Measured first, then drawn unclipped beside the mark, its middle level with it.
-    const QSizeF size = name->size();
-    p.setPen(namePen);
-    p.drawStaticText(QPointF(at.x() + kBodyRadius + kNameGap, at.y() - size.height() / 2.0), *name);
+    if (!name || name->isNull()) return;
+    const CoverageMask mask{name->constBits(), name->width(), name->height(),
+                            static_cast<int>(name->bytesPerLine())};
+    BlendMask(canvas, mask, at.x() + kBodyRadius + kNameGap, at.y() - name->height() / 2, ink);
 }
 
 void DrawStripLine(QPainter& p, int x, int top, const std::string& text) {
@@ -205,33 +198,53 @@ void DrawStrip(QPainter& p, const DiagramScene& scene, const DiagramLabels& labe
 
 }  // namespace
 
+namespace {
+
+// The text's coverage in its own rectangle: the advance (or the ink, where a
+// glyph reaches further) by the font's height, the baseline at its ascent.
+QImage NameMask(const std::string& text, const QFont& font) {
+    const QString name = Utf8(text);
+    const QFontMetrics metrics(font);
+    const QRect ink = metrics.boundingRect(name);
+    const int left = std::min(0, ink.left());
+    const int width = std::max(metrics.horizontalAdvance(name), ink.right() + 1) - left;
+    QImage mask(std::max(width, 1), metrics.height(), QImage::Format_Alpha8);
+    mask.fill(0);
+    QPainter p(&mask);
+    p.setFont(font);
+    p.setPen(Qt::white);
+    p.drawText(QPoint(-left, metrics.ascent()), name);
+    return mask;
+}
+
+}  // namespace
+
 DiagramLabels MakeDiagramLabels(const std::vector<std::string>& objectNames, const DiagramTexts& texts,
                                 const QFont& font) {
     DiagramLabels labels;
     labels.font = font;
     labels.texts = texts;
-    const auto laidOut = [&](const std::string& text) {
-        QStaticText s(Utf8(text));
-        s.setTextFormat(Qt::PlainText);
-        s.prepare(QTransform(), font);
-        return s;
-    };
     labels.objectNames.reserve(objectNames.size());
-    for (const std::string& name : objectNames) labels.objectNames.push_back(laidOut(DiagramBodyName(texts, name)));
-    for (std::size_t k = 0; k < labels.planetNames.size(); ++k) labels.planetNames[k] = laidOut(texts.planetNames[k]);
+    for (const std::string& name : objectNames) labels.objectNames.push_back(NameMask(DiagramBodyName(texts, name), font));
+    for (std::size_t k = 0; k < labels.planetNames.size(); ++k) labels.planetNames[k] = NameMask(texts.planetNames[k], font);
     labels.pleaseWait = Utf8(texts.pleaseWait);
     return labels;
 }
 
-void paintOrbits(QPainter& p, const DiagramScene& scene) {
+PixelCanvas SceneCanvas(QImage& image, int sceneHeight) {
+    if (image.format() != QImage::Format_RGB32) image = image.convertToFormat(QImage::Format_RGB32);
+    return {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), std::min(sceneHeight, image.height()),
+            static_cast<int>(image.bytesPerLine() / 4)};
+}
+
+void paintOrbits(const PixelCanvas& canvas, const DiagramScene& scene) {
     if (!HasBlocks(scene)) return;
     const DiagramProjection view(scene.camera);
     const int s = PixelsPerAu(scene.camera.zoom);
-    const Tools& t = tools();
     OrbitPath path;
     if (scene.display.planetOrbits) {
         for (const IntegrationBlock& planet : scene.frame->planets) {
-            DrawOrbit(p, planet, PlanetAngularStep(s), view, path, t.planetAbove, t.planetBelow);
+            DrawOrbit(canvas, planet, PlanetAngularStep(s), view, path, kPlanetAbove.rgb(), kPlanetBelow.rgb());
         }
     }
     const auto& objects = scene.frame->objects;
@@ -239,14 +252,14 @@ void paintOrbits(QPainter& p, const DiagramScene& scene) {
         const auto index = static_cast<std::size_t>(k);
         if (!scene.display.showCurrentOnly && index < scene.epochBlocks.size()) {
             const IntegrationBlock& epoch = scene.epochBlocks[index];
-            DrawOrbit(p, epoch, CometAngularStep(s, epoch.q), view, path, t.epochAbove, t.epochBelow);
+            DrawOrbit(canvas, epoch, CometAngularStep(s, epoch.q), view, path, kCometEpoch.rgb(), kCometEpoch.rgb());
         }
         const IntegrationBlock& now = objects[index];
-        DrawOrbit(p, now, CometAngularStep(s, now.q), view, path, t.cometAbove, t.cometBelow);
+        DrawOrbit(canvas, now, CometAngularStep(s, now.q), view, path, kComet.rgb(), kComet.rgb());
     }
 }
 
-void paintBodies(QPainter& p, const DiagramScene& scene, const DiagramLabels& labels) {
+void paintBodies(QPainter& p, const PixelCanvas& canvas, const DiagramScene& scene, const DiagramLabels& labels) {
     if (!HasBlocks(scene)) return;
     const DiagramProjection view(scene.camera);
     const Tools& t = tools();
@@ -254,13 +267,13 @@ void paintBodies(QPainter& p, const DiagramScene& scene, const DiagramLabels& la
     const bool names = scene.display.objectNames;
     p.setBrush(t.bodyFill);
     for (std::size_t k = 0; k < scene.frame->planets.size(); ++k) {
-        DrawBody(p, view, scene.frame->planets[k], t.planetMark, names ? &labels.planetNames[k] : nullptr,
+        DrawBody(p, canvas, view, scene.frame->planets[k], t.planetMark, names ? &labels.planetNames[k] : nullptr,
                  ink.planetName);
     }
     for (int k = scene.firstObject(); k <= scene.lastObject(); ++k) {
         const auto index = static_cast<std::size_t>(k);
-        const QStaticText* name = names && index < labels.objectNames.size() ? &labels.objectNames[index] : nullptr;
-        DrawBody(p, view, scene.frame->objects[index], t.cometMark, name, ink.cometName);
+        const QImage* name = names && index < labels.objectNames.size() ? &labels.objectNames[index] : nullptr;
+        DrawBody(p, canvas, view, scene.frame->objects[index], t.cometMark, name, ink.cometName);
     }
 }
 
@@ -270,6 +283,9 @@ void paintScene(QImage& image, const DiagramScene& scene, const DiagramLabels& l
                             : scene.strip.integrationStatus  ? kStripHeightShown
                                                              : kStripHeightHidden;
     const QRect sceneRect(0, 0, image.width(), std::max(0, image.height() - stripHeight));
+    // The orbits go straight into the pixels (see pixel_canvas.h), between the
+    // painter's axes and bodies; the painter writes to the same memory in order.
+    const PixelCanvas canvas = SceneCanvas(image, sceneRect.height());
     QPainter p(&image);
     p.setFont(labels.font);
     p.fillRect(sceneRect, QColor::fromRgb(static_cast<QRgb>(scene.background)));
@@ -282,8 +298,8 @@ void paintScene(QImage& image, const DiagramScene& scene, const DiagramLabels& l
         const DiagramProjection view(scene.camera);
         DrawSun(p, view);
         if (scene.display.axes) DrawAxes(p, scene, view);
-        paintOrbits(p, scene);
-        paintBodies(p, scene, labels);
+        paintOrbits(canvas, scene);
+        paintBodies(p, canvas, scene, labels);
     }
 
     if (surface == DiagramSurface::Picture) {
