@@ -112,81 +112,60 @@ void Report(benchmark::State& state, long long before) {
         static_cast<double>(allocations - before) / static_cast<double>(std::max<benchmark::IterationCount>(state.iterations(), 1));
 }
 
-void BM_RepaintCombined300(benchmark::State& state) {
+Scene* ReadyScene(benchmark::State& state) {
     Scene& s = TheScene();
-    if (!s.ok) {
-        state.SkipWithError("no planetary file: run scripts/setup");
-        return;
-    }
-    QImage image(kSize, QImage::Format_RGB32);
-    paintScene(image, s.scene, s.labels);  // the glyph caches are filled once
-    const long long before = allocations;
-    for (auto _ : state) {
-        paintScene(image, s.scene, s.labels);
-        benchmark::DoNotOptimize(image.constBits());
-    }
-    Report(state, before);
+    if (s.ok) return &s;
+    state.SkipWithError("no planetary file: run scripts/setup");
+    return nullptr;
 }
-BENCHMARK(BM_RepaintCombined300)->Unit(benchmark::kMillisecond);
 
-void BM_RepaintCombined300Frames(benchmark::State& state) {
-    // As the window does at each frame: copy the blocks out of the store, then paint.
-    Scene& s = TheScene();
-    if (!s.ok) {
-        state.SkipWithError("no planetary file: run scripts/setup");
-        return;
-    }
+// Whole repaints; with `frames` each one first copies a new frame out of the
+// store, as the window does at each display step.
+void Repaint(benchmark::State& state, bool frames) {
+    Scene* s = ReadyScene(state);
+    if (!s) return;
     QImage image(kSize, QImage::Format_RGB32);
-    paintScene(image, s.scene, s.labels);
-    PlanetBlocks planets = s.frame.planets;
+    paintScene(image, s->scene, s->labels);  // the caches of the first paint are filled once
+    const PlanetBlocks planets = s->frame.planets;
     const long long before = allocations;
     int k = 0;
     for (auto _ : state) {
-        s.store.PublishFrame(k++ % 300, s.objects[0].block, planets);
-        s.store.CopyTo(s.frame);
-        paintScene(image, s.scene, s.labels);
+        if (frames) {
+            s->store.PublishFrame(k++ % 300, s->objects[0].block, planets);
+            s->store.CopyTo(s->frame);
+        }
+        paintScene(image, s->scene, s->labels);
         benchmark::DoNotOptimize(image.constBits());
     }
     Report(state, before);
 }
+
+void BM_RepaintCombined300(benchmark::State& state) { Repaint(state, false); }
+BENCHMARK(BM_RepaintCombined300)->Unit(benchmark::kMillisecond);
+
+void BM_RepaintCombined300Frames(benchmark::State& state) { Repaint(state, true); }
 BENCHMARK(BM_RepaintCombined300Frames)->Unit(benchmark::kMillisecond);
 
 template <typename Stage>
 void PaintStage(benchmark::State& state, Stage stage) {
-    Scene& s = TheScene();
-    if (!s.ok) {
-        state.SkipWithError("no planetary file: run scripts/setup");
-        return;
-    }
+    Scene* s = ReadyScene(state);
+    if (!s) return;
     QImage image(kSize, QImage::Format_RGB32);
     image.fill(Qt::white);
     const PixelCanvas canvas = SceneCanvas(image, kSize.height());
     QPainter painter(&image);
-    painter.setFont(s.labels.font);
-    stage(painter, canvas, s);
+    painter.setFont(s->labels.font);
+    stage(painter, canvas, *s);
     const long long before = allocations;
     for (auto _ : state) {
-        stage(painter, canvas, s);
+        stage(painter, canvas, *s);
         benchmark::DoNotOptimize(image.constBits());
     }
     Report(state, before);
 }
 
 void BM_Orbits300AndPlanets(benchmark::State& state) {
-    Scene& s = TheScene();
-    if (!s.ok) {
-        state.SkipWithError("no planetary file: run scripts/setup");
-        return;
-    }
-    QImage image(kSize, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    const PixelCanvas canvas = SceneCanvas(image, kSize.height());
-    const long long before = allocations;
-    for (auto _ : state) {
-        paintOrbits(canvas, s.scene);
-        benchmark::DoNotOptimize(image.constBits());
-    }
-    Report(state, before);
+    PaintStage(state, [](QPainter&, const PixelCanvas& canvas, Scene& s) { paintOrbits(canvas, s.scene); });
 }
 BENCHMARK(BM_Orbits300AndPlanets)->Unit(benchmark::kMillisecond);
 
