@@ -108,8 +108,8 @@ Scene& TheScene() {
 }
 
 void Report(benchmark::State& state, long long before) {
-    state.counters["allocs_per_frame"] =
-        static_cast<double>(allocations - before) / static_cast<double>(std::max<benchmark::IterationCount>(state.iterations(), 1));
+    const auto frames = std::max<benchmark::IterationCount>(state.iterations(), 1);
+    state.counters["allocs_per_frame"] = static_cast<double>(allocations - before) / static_cast<double>(frames);
 }
 
 Scene* ReadyScene(benchmark::State& state) {
@@ -170,7 +170,9 @@ void BM_Orbits300AndPlanets(benchmark::State& state) {
 BENCHMARK(BM_Orbits300AndPlanets)->Unit(benchmark::kMillisecond);
 
 void BM_Bodies309WithNames(benchmark::State& state) {
-    PaintStage(state, [](QPainter& p, const PixelCanvas& canvas, Scene& s) { paintBodies(p, canvas, s.scene, s.labels); });
+    PaintStage(state, [](QPainter& p, const PixelCanvas& canvas, Scene& s) {
+        paintBodies(p, canvas, s.scene, s.labels);
+    });
 }
 BENCHMARK(BM_Bodies309WithNames)->Unit(benchmark::kMillisecond);
 

@@ -79,7 +79,8 @@ const Tools& tools() {
 
 // The texts' pens for the scene's background.
 const Tools::Ink& InkOn(std::uint32_t background) {
-    const int luma = (299 * ((background >> 16) & 0xFF) + 587 * ((background >> 8) & 0xFF) + 114 * (background & 0xFF)) / 1000;
+    const std::uint32_t r = (background >> 16) & 0xFF, g = (background >> 8) & 0xFF, b = background & 0xFF;
+    const std::uint32_t luma = (299 * r + 587 * g + 114 * b) / 1000;
     return luma >= 128 ? tools().onLight : tools().onDark;
 }
 
@@ -196,10 +197,6 @@ void DrawStrip(QPainter& p, const DiagramScene& scene, const DiagramLabels& labe
     }
 }
 
-}  // namespace
-
-namespace {
-
 // The text's coverage in its own rectangle: the advance (or the ink, where a
 // glyph reaches further) by the font's height, the baseline at its ascent.
 QImage NameMask(const std::string& text, const QFont& font) {
@@ -225,8 +222,12 @@ DiagramLabels MakeDiagramLabels(const std::vector<std::string>& objectNames, con
     labels.font = font;
     labels.texts = texts;
     labels.objectNames.reserve(objectNames.size());
-    for (const std::string& name : objectNames) labels.objectNames.push_back(NameMask(DiagramBodyName(texts, name), font));
-    for (std::size_t k = 0; k < labels.planetNames.size(); ++k) labels.planetNames[k] = NameMask(texts.planetNames[k], font);
+    for (const std::string& name : objectNames) {
+        labels.objectNames.push_back(NameMask(DiagramBodyName(texts, name), font));
+    }
+    for (std::size_t k = 0; k < labels.planetNames.size(); ++k) {
+        labels.planetNames[k] = NameMask(texts.planetNames[k], font);
+    }
     labels.pleaseWait = Utf8(texts.pleaseWait);
     return labels;
 }

@@ -19,7 +19,8 @@ constexpr std::uint32_t kInk = 0xFF123456;
 struct Picture {
     int width, height, stride;
     std::vector<std::uint32_t> pixels;
-    Picture(int w, int h, int s = 0) : width(w), height(h), stride(s ? s : w), pixels(static_cast<std::size_t>(stride * h), 0) {}
+    Picture(int w, int h, int s = 0)
+        : width(w), height(h), stride(s ? s : w), pixels(static_cast<std::size_t>(stride * h), 0) {}
     PixelCanvas canvas() { return {pixels.data(), width, height, stride}; }
     std::set<std::pair<int, int>> inked() const {
         std::set<std::pair<int, int>> set;

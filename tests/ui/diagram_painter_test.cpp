@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <filesystem>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -54,7 +55,9 @@ RunObject StarterComet(const std::string& wanted, const char* eccentricity = nul
         start = end + 1;
         // The catalogue keeps the number as a number: "0002" reads back as "2".
         const std::string number(record.get(Field::comet));
-        if (number.find_first_not_of(' ') != std::string::npos) record.set(Field::comet, std::to_string(std::stoi(number)));
+        if (number.find_first_not_of(' ') != std::string::npos) {
+            record.set(Field::comet, std::to_string(std::stoi(number)));
+        }
         if (RunObjectName(record) != wanted) continue;
         if (eccentricity) record.set(Field::e, eccentricity);
         RunObject object;
@@ -255,7 +258,8 @@ private slots:
             const int cx = d.scene.camera.centerX, cy = d.scene.camera.centerY;
             const QRect line(cx + 20, cy - 2, 400, 5);
             const QRect orbit = PixelsOf(image, kPlanetAbove, line) | PixelsOf(image, kPlanetBelow, line);
-            QVERIFY2(std::abs(orbit.right() - (cx + s)) <= 1, qPrintable(QString("%1 %2").arg(orbit.right()).arg(cx + s)));
+            QVERIFY2(std::abs(orbit.right() - (cx + s)) <= 1,
+                     qPrintable(QString("%1 %2").arg(orbit.right()).arg(cx + s)));
             QVERIFY(std::abs(orbit.center().y() - cy) <= 1);
         }
     }
@@ -272,7 +276,9 @@ private slots:
         QCOMPARE(b.time, kStarterEpoch);
         // Equator to ecliptic, then the projection, written out here.
         const double eps = 0.4090928042223, deg = 57.2957795130823;
-        const double x = b.x, y = b.y * std::cos(eps) + b.z * std::sin(eps), z = b.z * std::cos(eps) - b.y * std::sin(eps);
+        const double x = b.x;
+        const double y = b.y * std::cos(eps) + b.z * std::sin(eps);
+        const double z = b.z * std::cos(eps) - b.y * std::sin(eps);
         const double L = 135 / deg, B = 45 / deg, s = 80;
         const int px = static_cast<int>(d.scene.camera.centerX + s * (x * std::cos(L) + y * std::sin(L)));
         const int py = static_cast<int>(d.scene.camera.centerY +
@@ -391,9 +397,9 @@ private slots:
         target.path = QString::fromStdString(home.root().string());
         QCOMPARE(exportImage(target, d.scene, d.labels, kWindow), ExportStatus::WriteFailed);
         QVERIFY(QFileInfo(target.path).isDir());
-        // A picture too large to hold in memory.
+        // A picture larger than any memory can hold (its size in bytes does not fit).
         target.path = QString::fromStdString((home.root() / "huge.png").string());
-        target.size = QSize(200000, 200000);
+        target.size = QSize(std::numeric_limits<int>::max(), std::numeric_limits<int>::max());
         QCOMPARE(exportImage(target, d.scene, d.labels, kWindow), ExportStatus::NoMemory);
         target.size = QSize(0, 600);
         QCOMPARE(exportImage(target, d.scene, d.labels, kWindow), ExportStatus::NoMemory);
