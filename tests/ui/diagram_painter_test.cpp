@@ -36,8 +36,10 @@ const QRgb kAxisRed = qRgb(237, 28, 36);
 
 // The scene's font: DejaVu Sans from its file (Debian's fonts-dejavu-core), so the
 // text is drawn the same on every machine the setup made.
+const QString kFontFile = QStringLiteral("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf");
+
 QFont SceneFont() {
-    static const int id = QFontDatabase::addApplicationFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf");
+    static const int id = QFontDatabase::addApplicationFont(kFontFile);
     QFont font(id >= 0 ? QFontDatabase::applicationFontFamilies(id).value(0) : QStringLiteral("DejaVu Sans"));
     font.setPixelSize(12);
     font.setHintingPreference(QFont::PreferNoHinting);
@@ -188,7 +190,10 @@ QString HeaderOf(const QString& path) {
 class DiagramPainterTest : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase() { QVERIFY(!SceneFont().family().isEmpty()); }
+    void initTestCase() {
+        QVERIFY2(QFile::exists(kFontFile), "no DejaVu Sans: run scripts/setup (fonts-dejavu-core)");
+        QVERIFY(!SceneFont().family().isEmpty());
+    }
 
     // 2P/Encke at the epoch of the starter catalogue with the inner planets.
     void enckeWithTheInnerPlanets() {
