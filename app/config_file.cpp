@@ -210,6 +210,16 @@ bool WriteLanguageRecord(const std::string& path, const std::string& languageNam
     return static_cast<bool>(file);
 }
 
+bool WritePendingEphemerisRecord(const std::string& path, int value) {
+    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+    if (!file) return false;
+    const std::int32_t field = value;
+    file.seekp(static_cast<std::streamoff>(offsetOf(103)));
+    file.write(reinterpret_cast<const char*>(&field), sizeof field);
+    file.flush();
+    return static_cast<bool>(file);
+}
+
 void RepairConfigValues(AppState& s) {
     const AppState d;
     if (!std::isfinite(s.configVersion)) s.configVersion = d.configVersion;

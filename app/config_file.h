@@ -27,6 +27,10 @@ bool ReadConfigVersion(const std::string& path, float& version);
 // Overwrites the one text record 107 (the language file name) in place.
 bool WriteLanguageRecord(const std::string& path, const std::string& languageName);
 
+// Overwrites record 103 (`pendingEphemerisDelete`, the planetary file in transfer)
+// in place, at once, as the installation of a planetary file asks.
+bool WritePendingEphemerisRecord(const std::string& path, int value);
+
 // Brings list choices and sizes that a damaged file left out of range back to their
 // defaults, so that no window indexes a list with them.
 void RepairConfigValues(AppState& state);

@@ -95,7 +95,7 @@ Folders SettleFolders(const std::string& programFolder) {
     f.programFolder = cut(programFolder);
     f.languageFolder = cut(withSeparator(f.programFolder) + "Languages/");
     f.languageMask = cut(withSeparator(f.programFolder) + "Languages/*.lng");
-    f.helpFile = cut(withSeparator(f.programFolder) + "Orvane.chm");
+    f.helpFile = cut(withSeparator(f.programFolder) + "Help/index.html");
     f.userFolder = cut(withSeparator(dataHome()) + "Orvane/");
     f.commonFolder = CommonFolder();
     f.de406Path = cut(f.commonFolder + "jplde406.dat");

@@ -12,7 +12,7 @@ struct Folders {
     std::string programFolder;    // the directory the process was started in
     std::string languageFolder;   // programFolder + "/Languages/"
     std::string languageMask;     // programFolder + "/Languages/*.lng"
-    std::string helpFile;         // programFolder + "/Orvane.chm"
+    std::string helpFile;         // programFolder + "/Help/index.html", the user's guide
     std::string userFolder;       // per-user data, with trailing separator
     std::string commonFolder;     // per-machine data, with trailing separator
     std::string de406Path;        // commonFolder + "jplde406.dat"

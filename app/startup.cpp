@@ -11,6 +11,8 @@
 #include "catalogue/schema.h"
 #include "catalogue/sql_layer.h"
 #include "language/load_language.h"
+#include "net/http_fetch.h"
+#include "net/update_server.h"
 
 namespace orvane {
 namespace fs = std::filesystem;
@@ -115,8 +117,9 @@ StartupReport InitialiseProgram(AppState& state, const std::string& programFolde
         settleConfigFile(report);
         if (!exists(kCatalogueFile)) makeCatalogue(report);
         takeLanguageFromIni(report);
-        removeQuietly("setup.exe");
-        removeQuietly("update.lst");
+        // Left-overs of an update of an earlier run: the package and the work files.
+        removeQuietly(kPackageFile);
+        removeQuietly(kUpdateListFile);
         removeQuietly("update.csv");
         fs::create_directories(state.folders.commonFolder, ec);
     }
@@ -168,6 +171,10 @@ void DeriveObserver(AppState& s) {
 }
 
 void SettleEphemeris(AppState& s) {
+    // A run that died during a download left the mark and a partial file under a
+    // temporary name; the file itself only ever appears whole.
+    if (s.pendingEphemerisDelete == 1) RemovePartialDownloads(s.folders.de406Path);
+    if (s.pendingEphemerisDelete == 2) RemovePartialDownloads(s.folders.de423Path);
     const bool a = exists(s.folders.de406Path);
     const bool b = exists(s.folders.de423Path);
     if (!a && s.ephemerisChoice == 1) s.ephemerisChoice = 2;

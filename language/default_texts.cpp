@@ -441,7 +441,7 @@ constexpr std::array<std::string_view, 108> kOrvListView{
 };
 static_assert(kOrvListView.size() == static_cast<std::size_t>(keyCount(Section::orvListView)));
 
-constexpr std::array<std::string_view, 7> kOrvAbout{
+constexpr std::array<std::string_view, 11> kOrvAbout{
     "About Orvane",  // 1
     "Orvane - Comet Ephemeris Desk",  // 2
     "Version:",  // 3
@@ -449,10 +449,14 @@ constexpr std::array<std::string_view, 7> kOrvAbout{
     "Thanks to the observers who report comet orbits",  // 5
     "Copyright (c) 2026 the Orvane developers",  // 6
     "OK",  // 7
+    "Planetary file:",  // 8
+    "from",  // 9
+    "to",  // 10
+    "Orvane uses these libraries, each under its own licence:",  // 11
 };
 static_assert(kOrvAbout.size() == static_cast<std::size_t>(keyCount(Section::orvAbout)));
 
-constexpr std::array<std::string_view, 28> kOrvUpdate{
+constexpr std::array<std::string_view, 29> kOrvUpdate{
     "Check for Updates",  // 1
     "Update",  // 2
     "Close",  // 3
@@ -481,10 +485,11 @@ constexpr std::array<std::string_view, 28> kOrvUpdate{
     "Currently installed version:",  // 26
     "Update status: Please wait while the installer will start...",  // 27
     "Update status: Setup canceled...",  // 28
+    "Update status: The package does not match its checksum and was deleted...",  // 29
 };
 static_assert(kOrvUpdate.size() == static_cast<std::size_t>(keyCount(Section::orvUpdate)));
 
-constexpr std::array<std::string_view, 12> kOrvOrvaneOptions{
+constexpr std::array<std::string_view, 16> kOrvOrvaneOptions{
     "Options",  // 1
     "Automatically check for updates",  // 2
     "Apply",  // 3
@@ -497,6 +502,10 @@ constexpr std::array<std::string_view, 12> kOrvOrvaneOptions{
     "JPL DE423",  // 10
     "(from -3000-02-22 to 3000-03-03)",  // 11
     "(from 1799-12-16 to 2200-02-01)",  // 12
+    "Update server:",  // 13
+    "(from",  // 14
+    "to",  // 15
+    "The address of the update server begins with http://, https:// or file://",  // 16
 };
 static_assert(kOrvOrvaneOptions.size() == static_cast<std::size_t>(keyCount(Section::orvOrvaneOptions)));
 
@@ -1211,7 +1220,7 @@ constexpr std::array<std::string_view, 33> kOrvElementsUpdate{
 };
 static_assert(kOrvElementsUpdate.size() == static_cast<std::size_t>(keyCount(Section::orvElementsUpdate)));
 
-constexpr std::array<std::string_view, 26> kOrvDEInstall{
+constexpr std::array<std::string_view, 27> kOrvDEInstall{
     "OK",  // 1
     "Exit",  // 2
     "You need to download at least one of the files...",  // 3
@@ -1238,6 +1247,7 @@ constexpr std::array<std::string_view, 26> kOrvDEInstall{
     "Repeat",  // 24
     "Covers from -3000-02-22 to 3000-03-03. JPL Long Ephemeris with reduced accuracy of interpolating polynomials, but covers a larger time interval. (1997)",  // 25
     "Covers from 1799-12-16 to 2200-02-01. Latest JPL ephemeris intended for the MESSENGER mission to Mercury. (2010)",  // 26
+    "Installation Status: The file that arrived is not a planetary file that Orvane can read...",  // 27
 };
 static_assert(kOrvDEInstall.size() == static_cast<std::size_t>(keyCount(Section::orvDEInstall)));
 

@@ -20,5 +20,5 @@ TEST(EnglishLanguageFile, ReadsBackToEveryDefaultText) {
             ++compared;
         }
     }
-    EXPECT_EQ(compared, 1196);
+    EXPECT_EQ(compared, 1206);
 }

@@ -32,16 +32,16 @@ const std::vector<ExpectedShape> kExpected{
     {Section::orvCalcElements, "orvCalcElements", 7, 70},
     {Section::orvStatus, "orvStatus", 27, 50},
     {Section::orvListView, "orvListView", 108, 70},
-    {Section::orvAbout, "orvAbout", 7, 90},
-    {Section::orvUpdate, "orvUpdate", 28, 90},
-    {Section::orvOrvaneOptions, "orvOrvaneOptions", 12, 90},
+    {Section::orvAbout, "orvAbout", 11, 90},
+    {Section::orvUpdate, "orvUpdate", 29, 90},
+    {Section::orvOrvaneOptions, "orvOrvaneOptions", 16, 90},
     {Section::orvEdit, "orvEdit", 167, 90},
     {Section::orvOrbits, "orvOrbits", 37, 200},
     {Section::orvPlanets, "orvPlanets", 12, 20},
     {Section::orvElementsOptions, "orvElementsOptions", 83, 200},
     {Section::orvErrors, "orvErrors", 355, 200},
     {Section::orvElementsUpdate, "orvElementsUpdate", 33, 200},
-    {Section::orvDEInstall, "orvDEInstall", 26, 200},
+    {Section::orvDEInstall, "orvDEInstall", 27, 200},
     {Section::orvWnd, "orvWnd", 9, 200},
     {Section::orvCoSystem, "orvCoSystem", 52, 90},
 };
@@ -65,10 +65,10 @@ TEST(LanguageSections, EachSectionHasItsNameKeyCountAndWidth) {
     }
 }
 
-TEST(LanguageSections, TheWholeTableHolds1196Texts) {
+TEST(LanguageSections, TheWholeTableHolds1206Texts) {
     // The start-up notes speak of 1,101 English texts; the section counts add up
     // to 1,196, and the section counts are what language files are written against.
-    EXPECT_EQ(kTotalKeys, 1196);
+    EXPECT_EQ(kTotalKeys, 1206);
 }
 
 TEST(LanguageSections, KeysRunFromOneToTheCount) {
