@@ -8,6 +8,7 @@
 #include "ui/catalogue_commands.h"
 #include "ui/echeck_window.h"
 #include "ui/main_window.h"
+#include "ui/network_commands.h"
 
 int main(int argc, char** argv) {
     // Denormals in the integrator would only cost time; the program runs with them flushed.
@@ -25,11 +26,19 @@ int main(int argc, char** argv) {
     orvane::PrepareCatalogue(state, report);
 
     // The commands outlive the window: at the end they wait for a worker that may
-    // still be finishing.
-    orvane::CatalogueCommands commands(state);
+    // still be finishing, and stop an update check that still runs.
+    orvane::CatalogueCommands catalogue(state);
+    orvane::NetworkCommands network(state);
+    orvane::CommandRouter commands;
+    commands.add(&catalogue);
+    commands.add(&network);
     orvane::MainApp window(state, &commands);
-    commands.attach(&window);
+    catalogue.attach(&window);
+    network.attach(&window);
+    QObject::connect(&network, &orvane::NetworkCommands::catalogueUpdateWanted, &window,
+                     [&window] { window.execute(orvane::cmd::kUpdateDatabase); });
     window.showAtStoredPlacement();
+    network.startCheckAtStart();
     app.exec();
     return 0;
 }

@@ -135,14 +135,19 @@ StartupReport InitialiseProgram(AppState& state, const std::string& programFolde
     return report;
 }
 
-void PrepareCatalogue(AppState& state, StartupReport& report) {
-    const std::string path = state.folders.userFolder + kCatalogueFile;
-    state.columnTables = buildColumnTables();
-    const CatalogueParameters parameters = readParameters(path, state.columnTables);
+void ReadCatalogueParameters(AppState& state) {
+    const CatalogueParameters parameters =
+        readParameters(state.folders.userFolder + kCatalogueFile, state.columnTables);
     for (std::size_t k = 0; k < 5; ++k) state.parameterText[k] = std::string(trimBoth(parameters.values[k]));
     state.catalogueVersion = parameterNumber(parameters.values[0]);
     state.updateId = parameterNumber(parameters.values[3]);
     state.updatePrevId = parameterNumber(parameters.values[4]);
+}
+
+void PrepareCatalogue(AppState& state, StartupReport& report) {
+    const std::string path = state.folders.userFolder + kCatalogueFile;
+    state.columnTables = buildColumnTables();
+    ReadCatalogueParameters(state);
     // The one migration there ever was: version 1 had another view. It runs before
     // anything reads the view.
     if (state.catalogueVersion == 1) {

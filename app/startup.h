@@ -25,6 +25,9 @@ StartupReport InitialiseProgram(AppState& state, const std::string& programFolde
 // migration of the view, the statistics of the start page.
 void PrepareCatalogue(AppState& state, StartupReport& report);
 
+// The five rows of the table parameters into AppState, texts and numbers.
+void ReadCatalogueParameters(AppState& state);
+
 // Latitude, longitude and altitude of the settings to the derived observer fields.
 void DeriveObserver(AppState& state);
 

@@ -112,7 +112,9 @@ FetchResult EphemerisInstall::fetchFile(int file) {
     request.observer = &meter;
     request.abort = &abort_;
     request.limits = settings_.limits;
-    return HttpFetch(request);
+    const FetchResult result = HttpFetch(request);
+    if (result.status == FetchStatus::ok) meter.showFullSize();
+    return result;
 }
 
 // The boxes of the files still missing come back, so that the user can choose again.

@@ -4,10 +4,13 @@
 
 #include <cctype>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <memory>
 #include <vector>
 
+#include "astro/calendar.h"
 #include "dynamics/ephemeris.h"
 
 namespace orvane {
@@ -75,6 +78,14 @@ PlanetarySpan CheckPlanetaryFile(const std::string& path) {
     span.lastJd = ephemeris.header().ss[1];
     span.readable = earthAtUsualDistance(ephemeris, span.firstJd) && earthAtUsualDistance(ephemeris, span.lastJd);
     return span;
+}
+
+std::string SpanDateText(double jd) {
+    const CalendarDate date = JulianToCalendar(jd);
+    char text[48];
+    std::snprintf(text, sizeof text, "%s%04d-%02d-%02d", date.year < 0 ? "-" : "", std::abs(date.year), date.month,
+                  static_cast<int>(date.day));
+    return text;
 }
 
 }  // namespace orvane

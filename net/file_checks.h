@@ -23,4 +23,7 @@ struct PlanetarySpan {
 // stands about 1 AU from the Sun at both ends.
 PlanetarySpan CheckPlanetaryFile(const std::string& path);
 
+// A day of a span as the windows show it: "1959-12-10", "-3000-02-22".
+std::string SpanDateText(double jd);
+
 }  // namespace orvane

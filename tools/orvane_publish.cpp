@@ -23,7 +23,6 @@
 #include <string_view>
 #include <vector>
 
-#include "astro/calendar.h"
 #include "net/file_checks.h"
 #include "net/local_file.h"
 #include "net/program_version.h"
@@ -89,19 +88,12 @@ bool copy(const std::string& from, const fs::path& to) {
     return CopyFileReplacing(from, to.string(), detail) || fail(detail);
 }
 
-std::string dateOf(double jd) {
-    const CalendarDate date = JulianToCalendar(jd);
-    char text[32];
-    std::snprintf(text, sizeof text, "%d-%02d-%02d", date.year, date.month, static_cast<int>(date.day));
-    return text;
-}
-
 bool publishPlanetaryFile(const std::string& source, const char* name, const fs::path& folder,
                           std::vector<std::string>& notes) {
     const PlanetarySpan span = CheckPlanetaryFile(source);
     if (!span.readable) return fail(source + " is not a planetary file that Orvane can read");
     if (!copy(source, folder / name)) return false;
-    notes.push_back(std::string(name) + ": " + dateOf(span.firstJd) + " to " + dateOf(span.lastJd));
+    notes.push_back(std::string(name) + ": " + SpanDateText(span.firstJd) + " to " + SpanDateText(span.lastJd));
     return true;
 }
 

@@ -100,6 +100,22 @@ void CatalogueCommands::attach(MainApp* window) {
 
 // ---------------------------------------------------------------- commands
 
+bool CatalogueCommands::handles(CommandGroup group) const {
+    switch (group) {
+        case G::search:
+        case G::saveAs:
+        case G::importRecords:
+        case G::exportRecords:
+        case G::remove:
+        case G::selectAll:
+        case G::add:
+        case G::edit:
+        case G::duplicate:
+        case G::additionalInfo: return true;
+        default: return false;
+    }
+}
+
 void CatalogueCommands::run(CommandGroup group) {
     if (!window_ || !list_) return;
     switch (group) {

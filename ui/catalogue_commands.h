@@ -44,6 +44,7 @@ public:
     // window was made with this object as its commands.
     void attach(MainApp* window);
 
+    bool handles(CommandGroup group) const override;
     void run(CommandGroup group) override;
     void operationEnded() override { ++operationsEnded_; }
 

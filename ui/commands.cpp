@@ -134,6 +134,35 @@ void EnableFlags::applyPageRules(Page page, bool searchRequest, bool workPaneHid
     }
 }
 
+bool CommandRouter::handles(CommandGroup group) const {
+    for (const MainCommands* engine : engines_)
+        if (engine->handles(group)) return true;
+    return false;
+}
+
+void CommandRouter::run(CommandGroup group) {
+    for (MainCommands* engine : engines_) {
+        if (engine->handles(group)) {
+            engine->run(group);
+            return;
+        }
+    }
+}
+
+void CommandRouter::openPendingUpdateWindow() {
+    for (MainCommands* engine : engines_) engine->openPendingUpdateWindow();
+}
+
+void CommandRouter::operationEnded() {
+    for (MainCommands* engine : engines_) engine->operationEnded();
+}
+
+const char* CommandRouter::updateBaseAddress() const {
+    for (const MainCommands* engine : engines_)
+        if (*engine->updateBaseAddress() != '\0') return engine->updateBaseAddress();
+    return "";
+}
+
 MinimumSize minimumMainSize(int screenHeight) {
     if (screenHeight < 768) return {800, 500};
     return {800, 600};

@@ -10,6 +10,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <vector>
 
 namespace orvane {
 
@@ -115,6 +116,11 @@ class MainCommands {
 public:
     virtual ~MainCommands() = default;
 
+    // Whether an engine stands behind the group. The frame keeps the commands of a
+    // group without one disabled: a command that cannot work yet is never enabled
+    // and silent.
+    virtual bool handles(CommandGroup group) const { (void)group; return true; }
+
     // One of search, add, edit, duplicate, remove, additionalInfo, the four task
     // groups (the task already marked), saveAs, importRecords, exportRecords,
     // selectAll, updateDatabase, options, checkForUpdates, about.
@@ -129,6 +135,23 @@ public:
     // The update server's address, "http://host" without a trailing slash; the home
     // page is its product folder. Empty while no server is configured.
     virtual const char* updateBaseAddress() const { return ""; }
+};
+
+// The engines of the program, each answering for its own groups: a command goes to
+// the first that handles it; the two messages and the address go to all, and the
+// first address that is not empty counts.
+class CommandRouter : public MainCommands {
+public:
+    void add(MainCommands* commands) { engines_.push_back(commands); }
+
+    bool handles(CommandGroup group) const override;
+    void run(CommandGroup group) override;
+    void openPendingUpdateWindow() override;
+    void operationEnded() override;
+    const char* updateBaseAddress() const override;
+
+private:
+    std::vector<MainCommands*> engines_;
 };
 
 // The smallest size of the main window for a screen of the given height.

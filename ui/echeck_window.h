@@ -1,10 +1,13 @@
 #pragma once
-// The window that stands before the main window when no planetary file exists. The
-// user picks the files to fetch or leaves; leaving without a file ends the program.
-// The transfer itself belongs to the ephemeris installation; until one is attached,
-// OK reports that no connection could be made, as a failed transfer does.
+// The windows that install the planetary files. ECheck stands before the main window
+// when no planetary file exists: the user picks the files to fetch, or leaves, and
+// leaving without a file ends the program. DEDownload fetches the one file that the
+// options ask for when it is missing. Both download on a worker with progress, the
+// time left and Abort.
 #include <QDialog>
-#include <functional>
+#include <memory>
+
+#include "net/ephemeris_install.h"
 
 class QCheckBox;
 class QLabel;
@@ -15,43 +18,60 @@ namespace orvane {
 
 struct AppState;
 
-class ECheck : public QDialog {
+// Where the windows fetch from, and how long they wait for a server.
+struct EphemerisSource {
+    std::string serverAddress;  // empty: the address in force for this user
+    FetchLimits limits;
+};
+
+class EphemerisWindow : public QDialog, private EphemerisInstallView {
     Q_OBJECT
 public:
-    // Starts the transfer of the wanted files; returns false when no connection could
-    // be made. Set by the ephemeris installation.
-    using Installer = std::function<bool(ECheck&, bool wantDe406, bool wantDe423)>;
-
-    explicit ECheck(AppState& state, Installer installer = {}, QWidget* parent = nullptr);
+    ~EphemerisWindow() override;
 
     bool wantDe406() const { return wantDe406_; }
     bool wantDe423() const { return wantDe423_; }
+    bool installedAny() const { return installedAny_; }
+    EphemerisInstall& install() { return *install_; }
+    // The screen the controls show now.
+    const EphemerisInstallScreen& shown() const { return shown_; }
 
-    // A file arrived in this run: leaving now reaches the main window.
-    void markInstalled(int choice);
+    // A file arrived in this run (1 DE406, 2 DE423): its box goes, and `choice` is the
+    // planetary file in use now.
+    void markInstalled(int file, int choice);
 
-    // Shows the installation error with the given text (a key of the section of the
-    // ephemeris windows) and offers to repeat.
-    void showInstallationError(int textKey);
+    // Escape and the close box: as the second button at rest, nothing during a transfer.
+    void reject() override;
 
 protected:
+    // `file` 0 for ECheck (both files), 1 or 2 for DEDownload.
+    EphemerisWindow(AppState& state, int file, EphemerisSource source, QWidget* parent);
+
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void showScreen(const EphemerisInstallScreen& screen) override;
+    void fileInstalled(int file, int choice) override;
+    void apply(const EphemerisInstallScreen& screen);
     void updateOkEnabled();
     void onOk();
-    void onExit();
+    void onSecond();
+    void layoutButtons();
 
     AppState& state_;
-    Installer installer_;
+    int file_;
+    std::unique_ptr<EphemerisInstall> install_;
+    EphemerisInstallScreen shown_;
     bool wantDe406_ = true;
     bool wantDe423_ = true;
     bool installedAny_ = false;
     QCheckBox* de406_ = nullptr;
     QCheckBox* de423_ = nullptr;
+    QLabel* interval_ = nullptr;
     QPushButton* ok_ = nullptr;
-    QPushButton* exit_ = nullptr;
+    QPushButton* second_ = nullptr;
     QLabel* message_ = nullptr;
     QLabel* caption_ = nullptr;
     QLabel* line1_ = nullptr;
@@ -59,8 +79,20 @@ private:
     QProgressBar* bar_ = nullptr;
 };
 
-// Runs the window when `state.ephemerisMissing` is 1; true when the program may go on
-// to the main window.
-bool RunEphemerisCheck(AppState& state, ECheck::Installer installer = {});
+class ECheck : public EphemerisWindow {
+    Q_OBJECT
+public:
+    explicit ECheck(AppState& state, EphemerisSource source = {}, QWidget* parent = nullptr);
+};
+
+class DEDownload : public EphemerisWindow {
+    Q_OBJECT
+public:
+    DEDownload(AppState& state, int file, EphemerisSource source = {}, QWidget* parent = nullptr);
+};
+
+// Runs ECheck when `state.ephemerisMissing` is 1; true when the program may go on to
+// the main window.
+bool RunEphemerisCheck(AppState& state, EphemerisSource source = {});
 
 }  // namespace orvane

@@ -1,10 +1,14 @@
 #include "ui/help_viewer.h"
 
 #include <QProcess>
+#include <QUrl>
+
+#include "net/desktop_opener.h"
+#include "ui/desktop_open.h"
 
 namespace orvane {
 
-HelpViewer::HelpViewer() = default;
+HelpViewer::HelpViewer() : program_(qEnvironmentVariable(kOpenerEnvironment)) {}
 
 HelpViewer::~HelpViewer() {
     end();
@@ -19,6 +23,9 @@ void HelpViewer::setViewer(const QString& program, const QStringList& arguments)
 bool HelpViewer::running() const { return process_ != nullptr && process_->state() != QProcess::NotRunning; }
 
 bool HelpViewer::open(const QString& file) {
+    // The browser is the desktop's: it shows the guide in a tab of its own and is
+    // nothing that the program could end.
+    if (program_.isEmpty()) return openOnDesktop(QUrl::fromLocalFile(file));
     if (running()) return false;
     delete process_;
     process_ = new QProcess;

@@ -1,6 +1,9 @@
 #pragma once
-// The help viewer that Help Topics starts. While it runs, a second Help Topics does
-// nothing; when the program ends, a viewer still running is ended with it.
+// The user's guide that Help Topics opens: HTML shipped beside the program, shown by
+// the system's browser. When a program of the user's choice shows it instead
+// (ORVANE_OPENER, or setViewer), that program is watched: while it runs, a second
+// Help Topics does nothing, and when the program ends, a viewer still running is
+// ended with it.
 #include <QString>
 #include <QStringList>
 
@@ -16,11 +19,11 @@ public:
     HelpViewer& operator=(const HelpViewer&) = delete;
 
     // The program that shows a file; the file is its last argument. By default the
-    // desktop's own opener.
+    // program of ORVANE_OPENER, else the desktop's browser.
     void setViewer(const QString& program, const QStringList& arguments = {});
 
-    // Starts the viewer on `file` unless the one started before still runs. True when
-    // a viewer was started.
+    // Shows `file` unless the viewer started before still runs. True when the file
+    // was handed to a viewer.
     bool open(const QString& file);
 
     bool running() const;
@@ -30,7 +33,7 @@ public:
 
 private:
     QProcess* process_ = nullptr;
-    QString program_ = QStringLiteral("xdg-open");
+    QString program_;
     QStringList arguments_;
 };
 

@@ -1,8 +1,8 @@
 #include "ui/main_window.h"
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QDesktopServices>
 #include <QEvent>
 #include <QHelpEvent>
 #include <QLabel>
@@ -21,6 +21,8 @@
 
 #include "app/app_state.h"
 #include "app/startup.h"
+#include "net/update_server.h"
+#include "ui/desktop_open.h"
 #include "ui/elements_app.h"
 #include "ui/elements_output.h"
 #include "ui/elements_page.h"
@@ -407,11 +409,9 @@ void MainApp::runGroup(CommandGroup group) {
         case G::outputPane: toggleOutputPane(); return;
         case G::toolbar: toggleToolbar(); return;
         case G::helpTopics: help_.open(QString::fromStdString(state_.folders.helpFile)); return;
-        case G::homePage: {
-            const QString base = QString::fromUtf8(commands_->updateBaseAddress());
-            if (!base.isEmpty()) QDesktopServices::openUrl(QUrl(base + QStringLiteral("/orvane")));
+        case G::homePage:
+            openOnDesktop(QUrl(QString::fromStdString(HomePageUrl(commands_->updateBaseAddress()))));
             return;
-        }
         case G::exit: close(); return;
         default: commands_->run(group); return;
     }
@@ -435,7 +435,21 @@ void MainApp::setCommandEnabled(CommandGroup group, bool enabled) {
     syncCommandStates();
 }
 
+bool MainApp::engineBehind(CommandGroup group) const {
+    switch (group) {
+        case G::workPane:
+        case G::outputPane:
+        case G::toolbar:
+        case G::helpTopics:
+        case G::exit: return true;
+        case G::homePage: return *commands_->updateBaseAddress() != '\0';
+        default: return commands_->handles(group);
+    }
+}
+
 void MainApp::syncCommandStates() {
+    for (std::size_t k = 0; k < kCommandGroupCount; ++k)
+        if (!engineBehind(static_cast<CommandGroup>(k))) flags_.set(static_cast<CommandGroup>(k), 0);
     for (const auto& [id, item] : actions_) {
         const std::optional<CommandGroup> group = commandGroupOf(id);
         if (group) item->setEnabled(flags_.enabled(*group));
@@ -481,6 +495,11 @@ void MainApp::setCatalogueBusy(bool busy) {
     catalogueBusy_ = busy;
     holdCatalogueCommands();
     syncCommandStates();
+    emit freeForUpdatesChanged(freeForUpdates());
+}
+
+bool MainApp::freeForUpdates() const {
+    return isActiveWindow() && !QApplication::activeModalWidget() && !searchRunning_ && !catalogueBusy_;
 }
 
 void MainApp::holdCatalogueCommands() {
@@ -495,6 +514,7 @@ void MainApp::setSearchRunning(bool running) {
     searchRunning_ = running;
     workPane()->setSearchRunning(running);
     onSearchStateChanged();
+    emit freeForUpdatesChanged(freeForUpdates());
 }
 
 void MainApp::toggleWorkPane() {
@@ -662,6 +682,7 @@ void MainApp::resizeEvent(QResizeEvent* event) {
 void MainApp::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange) rememberPlacement();
+    if (event->type() == QEvent::ActivationChange) emit freeForUpdatesChanged(freeForUpdates());
 }
 
 void MainApp::closeEvent(QCloseEvent* event) {

@@ -70,6 +70,10 @@ public:
     // left of a batch. They come back with the page.
     void setPageStatusPart(Page page, int part, const QString& text);
 
+    // The window is in front and no search or catalogue worker runs: the update check
+    // may open its window now.
+    bool freeForUpdates() const;
+
     // A catalogue worker runs: the commands that could start another one stay off
     // whatever the page or the list would allow, and the window does not close.
     void setCatalogueBusy(bool busy);
@@ -102,6 +106,8 @@ signals:
     void pageShown(Page page);
     // Every text was set again from the language table.
     void retitled();
+    // The answer of freeForUpdates() may have changed.
+    void freeForUpdatesChanged(bool free);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -131,6 +137,8 @@ private:
     void toggleOutputPane();
     void toggleToolbar();
     void applyPaneState();
+    // Commands whose group has no engine behind it stay disabled.
+    bool engineBehind(CommandGroup group) const;
     void syncCommandStates();
     void holdCatalogueCommands();
     void showStatus(const StatusText& status);

@@ -110,9 +110,11 @@ TEST(Startup, SettingsFileOfAnyLengthOrContentStarts) {
 TEST(Startup, LeftOversOfAnUpdateAreDeleted) {
     TempHome home;
     const fs::path user = home.home() / ".local/share/Orvane";
-    for (const char* name : {"setup.exe", "update.lst", "update.csv"}) touch((user / name).string());
+    // The program's package of an update, and the work files of the checks.
+    for (const char* name : {"orvane-setup.deb", "update.lst", "update.csv"}) touch((user / name).string());
     start(home);
-    for (const char* name : {"setup.exe", "update.lst", "update.csv"}) EXPECT_FALSE(fs::exists(user / name)) << name;
+    for (const char* name : {"orvane-setup.deb", "update.lst", "update.csv"})
+        EXPECT_FALSE(fs::exists(user / name)) << name;
 }
 
 TEST(Startup, ObserverDegreesFromTheSettings) {

@@ -35,7 +35,7 @@ std::uintmax_t partialBytes(const fs::path& folder) {
 }  // namespace
 
 TEST(DownloadKill, TheNextStartRemovesThePartialFileOfARunKilledDuringTheDownload) {
-    PublishedServer s;
+    NetFixtureServer s;
     s.server->setFault("/orvane/OrvaneData/Ephemerides/jplde423.dat", TestServer::Fault::slow);
     s.server->setSlowPace(16384, 20);
     setenv(kServerEnvironment, s.address().c_str(), 1);
@@ -72,7 +72,7 @@ TEST(DownloadKill, TheNextStartRemovesThePartialFileOfARunKilledDuringTheDownloa
 }
 
 TEST(DownloadKill, TheChildInstallsTheFileWhenNobodyKillsIt) {
-    PublishedServer s;
+    NetFixtureServer s;
     setenv(kServerEnvironment, s.address().c_str(), 1);
     AppState first;
     InitialiseProgram(first, s.home.root().string());

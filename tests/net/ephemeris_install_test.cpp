@@ -57,7 +57,7 @@ protected:
         EXPECT_TRUE(partialFiles(machine).empty());
     }
 
-    PublishedServer s;
+    NetFixtureServer s;
     fs::path machine = s.home.root() / "machine";
     RecordingView view;
     std::vector<int> marks;
@@ -93,6 +93,7 @@ TEST_F(EphemerisInstallTest, TheFileArrivesByteForByteAndTheMarkComesAndGoes) {
     EXPECT_EQ(done.barMaximum, 910);
     EXPECT_EQ(done.barValue, 910);
     EXPECT_EQ(done.line1, "Installation Status: Ready...");
+    EXPECT_EQ(done.line2, "Installation progress: Downloading JPL DE423 (8 MB / 8 MB)");
     EXPECT_EQ(done.secondCaption, "Skip");
     EXPECT_FALSE(done.okEnabled);
     EXPECT_TRUE(done.closeEntryEnabled);

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "astro/calendar.h"
 #include "net/file_checks.h"
 #include "support/temp_home.h"
 #include "support/test_server.h"
@@ -60,4 +61,12 @@ TEST(FileChecks, ACutOrForeignFileIsNotAPlanetaryFile) {
     std::fill(zeroed.end() - static_cast<long>(record), zeroed.end(), '\0');
     writeFile(path, zeroed);
     EXPECT_FALSE(CheckPlanetaryFile(path.string()).readable);
+}
+
+TEST(FileChecks, SpanDatesAreYearMonthDay) {
+    EXPECT_EQ(SpanDateText(2436912.5), "1959-12-10");
+    EXPECT_EQ(SpanDateText(2473488.5), "2060-01-30");
+    EXPECT_EQ(SpanDateText(CalendarToJulian(-3000, 2, 22)), "-3000-02-22");
+    EXPECT_EQ(SpanDateText(CalendarToJulian(3000, 3, 3)), "3000-03-03");
+    EXPECT_EQ(SpanDateText(CalendarToJulian(5, 1, 2.75)), "0005-01-02");
 }

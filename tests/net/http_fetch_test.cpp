@@ -44,7 +44,7 @@ public:
 
 class HttpFetchTest : public ::testing::Test {
 protected:
-    PublishedServer s;
+    NetFixtureServer s;
     fs::path target = s.work / "jplde423.dat";
 
     FetchRequest planetaryFile() {

@@ -71,7 +71,7 @@ protected:
         update.join();
     }
 
-    PublishedServer s;
+    NetFixtureServer s;
     fs::path record;
     fs::path opener;
     RecordingView view;

@@ -51,7 +51,7 @@ protected:
 
     void publishVersion(const std::string& body) { writeFile(s.published("files/versinfo.lst"), body); }
 
-    PublishedServer s;
+    NetFixtureServer s;
     UpdateMarks marks;
     RecordingView view;
     UpdateCheck check{view, marks};

@@ -138,4 +138,33 @@ void TestServer::serve(const std::string& path, const std::string& agent, void* 
         });
 }
 
+std::string packageBytes() {
+    std::string bytes = "!<arch>\ndebian-binary   ";
+    for (int i = 0; bytes.size() < 300000; ++i) bytes += static_cast<char>('a' + i % 26);
+    return bytes;
+}
+
+std::vector<std::filesystem::path> partialFiles(const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> found;
+    std::error_code ec;
+    for (std::filesystem::recursive_directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec))
+        if (it->path().filename().string().find(".part-") != std::string::npos) found.push_back(it->path());
+    return found;
+}
+
+int closedPort() {
+    TestServer probe(std::filesystem::temp_directory_path());
+    return probe.port();
+}
+
+PublishedServer::PublishedServer(const std::string& version)
+    : folder(home.root() / "server"), work(home.root() / "work") {
+    std::filesystem::create_directories(work);
+    const std::filesystem::path package = home.root() / "orvane_0.07_amd64.deb";
+    writeFile(package, packageBytes());
+    ready = publishServer(folder, {"--version=" + version, "--package=" + package.string(),
+                                   "--de423=" + machinePlanetaryFile().string()});
+    server = std::make_unique<TestServer>(folder);
+}
+
 }  // namespace orvane::testing

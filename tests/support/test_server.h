@@ -13,6 +13,8 @@
 #include <thread>
 #include <vector>
 
+#include "support/temp_home.h"
+
 namespace httplib {
 class Server;
 }
@@ -72,6 +74,31 @@ private:
     std::string lastAgent_;
     std::size_t slowBytes_ = 16 * 1024;
     int slowMilliseconds_ = 20;
+};
+
+// The bytes of the package the server offers: a Debian archive's magic and some bytes.
+std::string packageBytes();
+
+// Files whose name holds ".part-", below `folder`: what a download leaves when it dies.
+std::vector<std::filesystem::path> partialFiles(const std::filesystem::path& folder);
+
+// A port where nobody listens: the port of a server that has stopped.
+int closedPort();
+
+// A temporary home with a published update server folder, served by a TestServer:
+// the program version `version`, the package and the setup's planetary file as DE423.
+struct PublishedServer {
+    explicit PublishedServer(const std::string& version = "0.07");
+
+    std::string address() const { return server->address(); }
+    std::string workFolder() const { return work.string() + "/"; }
+    std::filesystem::path published(const std::string& relative) const { return folder / "orvane" / relative; }
+
+    TempHome home;
+    std::filesystem::path folder;
+    std::filesystem::path work;
+    bool ready = false;  // orvane-publish made the folder
+    std::unique_ptr<TestServer> server;
 };
 
 }  // namespace orvane::testing

@@ -34,6 +34,12 @@ class ScriptedCommands : public CatalogueCommands {
 public:
     using CatalogueCommands::CatalogueCommands;
 
+    // The tests stand in for the task engine, so that the list's rules for the task
+    // commands show on the menu.
+    bool handles(CommandGroup group) const override {
+        return CatalogueCommands::handles(group) || group == CommandGroup::tasks || taskOfGroup(group).has_value();
+    }
+
     QString openFile;
     QString saveFile;
     bool answer = true;

@@ -12,6 +12,7 @@
 #include "app/config_file.h"
 #include "app/startup.h"
 #include "support/temp_home.h"
+#include "support/test_server.h"
 #include "ui/echeck_window.h"
 
 using namespace orvane;
@@ -70,7 +71,7 @@ private slots:
         QTimer::singleShot(0, [] {
             auto* window = qobject_cast<ECheck*>(QApplication::activeModalWidget());
             QVERIFY(window != nullptr);
-            window->markInstalled(2);
+            window->markInstalled(2, 2);
             control<QPushButton>(*window, 8230)->click();
         });
         QVERIFY(RunEphemerisCheck(state));
@@ -97,12 +98,16 @@ private slots:
     void okWithoutAConnectionShowsTheErrorAndOffersRepeat() {
         testing::TempHome home;
         AppState state;
-        ECheck window(state);
+        InitialiseProgram(state, home.root().string());
+        ECheck window(state, {"http://127.0.0.1:" + std::to_string(testing::closedPort()), {}});
+        control<QCheckBox>(window, 11165)->setChecked(false);
         control<QPushButton>(window, 8229)->click();
-        QCOMPARE(control<QPushButton>(window, 8229)->text(), QStringLiteral("Repeat"));
+        QTRY_COMPARE(control<QPushButton>(window, 8229)->text(), QStringLiteral("Repeat"));
         QCOMPARE(control<QPushButton>(window, 8230)->text(), QStringLiteral("Exit"));
+        QCOMPARE(control<QLabel>(window, 8226)->text(), QStringLiteral("Installation Error..."));
         QCOMPARE(control<QLabel>(window, 8227)->text(),
                  QStringLiteral("Installation Status: Unable to establish internet connection..."));
+        QCOMPARE(state.pendingEphemerisDelete, 0);
     }
 };
 
