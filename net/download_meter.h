@@ -5,7 +5,9 @@
 // shows the megabytes and the time left, bytes x elapsed / counter - elapsed, by
 // the approximate clock of all estimates.
 #include <cstddef>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "net/http_fetch.h"
 #include "records/insert_batch.h"
@@ -44,6 +46,36 @@ private:
     long long chunks_ = 0;
     double start_ = 0;
     double lastText_ = 0;
+};
+
+// The meter of a window whose screen has a bar (barMaximum, barValue): the bar moves
+// in the screen, `showText` writes the lines, and each change is pushed to the window.
+template <class Screen>
+class ScreenMeterView : public DownloadMeterView {
+public:
+    using ShowText = std::function<void(Screen&, long long doneMb, long long totalMb, bool first,
+                                        const std::string& remaining)>;
+    ScreenMeterView(Screen& screen, ShowText showText, std::function<void()> push)
+        : screen_(screen), showText_(std::move(showText)), push_(std::move(push)) {}
+
+    void meterRange(int maximum) override {
+        screen_.barMaximum = maximum;
+        screen_.barValue = 0;
+        push_();
+    }
+    void meterStep() override {
+        if (screen_.barValue < screen_.barMaximum) ++screen_.barValue;
+        push_();
+    }
+    void meterText(long long doneMb, long long totalMb, bool first, const std::string& remaining) override {
+        showText_(screen_, doneMb, totalMb, first, remaining);
+        push_();
+    }
+
+private:
+    Screen& screen_;
+    ShowText showText_;
+    std::function<void()> push_;
 };
 
 // "Remaining time: 0h 1m 23s" from the texts of the status section.

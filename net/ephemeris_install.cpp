@@ -14,34 +14,14 @@ std::string de(int key) { return text(Section::orvDEInstall, key); }
 std::string eu(int key) { return text(Section::orvElementsUpdate, key); }
 
 // The lines while a file comes in: line 1 the time left, line 2 the megabytes.
-class FileMeterView : public DownloadMeterView {
-public:
-    FileMeterView(int file, EphemerisInstallScreen& screen, std::function<void()> push)
-        : file_(file), screen_(screen), push_(std::move(push)) {}
-
-    void meterRange(int maximum) override {
-        screen_.barMaximum = maximum;
-        screen_.barValue = 0;
-        push_();
-    }
-    void meterStep() override {
-        if (screen_.barValue < screen_.barMaximum) ++screen_.barValue;
-        push_();
-    }
-    void meterText(long long doneMb, long long totalMb, bool first, const std::string& remaining) override {
-        const int firstKey = file_ == 1 ? 13 : 19;
-        screen_.line2 = first ? de(firstKey) + " " + std::to_string(totalMb) + " " + de(11)
-                              : de(firstKey + 1) + std::to_string(doneMb) + " " + de(15) + " " +
-                                    std::to_string(totalMb) + " " + de(11);
-        if (!remaining.empty()) screen_.line1 = remaining;
-        push_();
-    }
-
-private:
-    int file_;
-    EphemerisInstallScreen& screen_;
-    std::function<void()> push_;
-};
+void showFileProgress(int file, EphemerisInstallScreen& screen, long long doneMb, long long totalMb, bool first,
+                      const std::string& remaining) {
+    const int firstKey = file == 1 ? 13 : 19;
+    screen.line2 = first ? de(firstKey) + " " + std::to_string(totalMb) + " " + de(11)
+                         : de(firstKey + 1) + std::to_string(doneMb) + " " + de(15) + " " + std::to_string(totalMb) +
+                               " " + de(11);
+    if (!remaining.empty()) screen.line1 = remaining;
+}
 
 std::string failureText(const FetchResult& result) {
     switch (result.status) {
@@ -100,7 +80,12 @@ bool EphemerisInstall::pressSecond() {
 }
 
 FetchResult EphemerisInstall::fetchFile(int file) {
-    FileMeterView meterView(file, screen_, [this] { push(); });
+    ScreenMeterView<EphemerisInstallScreen> meterView(
+        screen_,
+        [file](EphemerisInstallScreen& screen, long long done, long long total, bool first, const std::string& left) {
+            showFileProgress(file, screen, done, total, first, left);
+        },
+        [this] { push(); });
     DownloadMeter meter(meterView, 1024, settings_.clock);
     FetchRequest request;
     request.agent = kAgentECheck;

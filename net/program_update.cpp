@@ -24,32 +24,13 @@ void removeQuietly(const std::string& path) {
 
 // The lines of the window while the package comes in: line 1 the time left, line 2
 // the megabytes.
-class PackageMeterView : public DownloadMeterView {
-public:
-    PackageMeterView(ProgramUpdateScreen& screen, std::function<void()> push)
-        : screen_(screen), push_(std::move(push)) {}
-
-    void meterRange(int maximum) override {
-        screen_.barMaximum = maximum;
-        screen_.barValue = 0;
-        push_();
-    }
-    void meterStep() override {
-        if (screen_.barValue < screen_.barMaximum) ++screen_.barValue;
-        push_();
-    }
-    void meterText(long long doneMb, long long totalMb, bool first, const std::string& remaining) override {
-        screen_.availableLine = first ? u(21) + " " + std::to_string(totalMb) + " " + u(22)
-                                      : u(23) + std::to_string(doneMb) + " " + u(24) + " " +
-                                            std::to_string(totalMb) + " " + u(25);
-        if (!remaining.empty()) screen_.currentLine = remaining;
-        push_();
-    }
-
-private:
-    ProgramUpdateScreen& screen_;
-    std::function<void()> push_;
-};
+void showPackageProgress(ProgramUpdateScreen& screen, long long doneMb, long long totalMb, bool first,
+                         const std::string& remaining) {
+    screen.availableLine = first ? u(21) + " " + std::to_string(totalMb) + " " + u(22)
+                                 : u(23) + std::to_string(doneMb) + " " + u(24) + " " + std::to_string(totalMb) +
+                                       " " + u(25);
+    if (!remaining.empty()) screen.currentLine = remaining;
+}
 
 }  // namespace
 
@@ -239,7 +220,7 @@ void ProgramUpdate::runUpdate() {
     removeQuietly(checksumFile);
     if (digest.empty()) return fail(FetchStatus::rejected, {});
 
-    PackageMeterView meterView(screen_, [this] { push(); });
+    ScreenMeterView<ProgramUpdateScreen> meterView(screen_, showPackageProgress, [this] { push(); });
     DownloadMeter meter(meterView, 1024, settings_.clock);
     result = fetch(kPackageFile, 1024, packagePath(), &meter,
                    [&digest](const std::string& path) { return Sha256OfFile(path) == digest; });

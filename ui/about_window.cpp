@@ -52,9 +52,7 @@ QStringList libraryLines() {
 
 About::About(const AppState& state, QWidget* mainWindow) : QDialog(mainWindow) {
     setObjectName("About");
-    setFixedSize(kWidth, kHeight);
-    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    setWindowModality(Qt::ApplicationModal);
+    shapeModalWindow(this, mainWindow, QSize(kWidth, kHeight));
     setWindowTitle(a(1));
 
     QLabel* title = line(this, 2, 14);
@@ -80,7 +78,6 @@ About::About(const AppState& state, QWidget* mainWindow) : QDialog(mainWindow) {
     ok->setDefault(true);
     ok->setGeometry(kWidth - 113, kHeight - 37, 100, 24);
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-    placeOver(this, mainWindow);
 }
 
 }  // namespace orvane

@@ -57,9 +57,7 @@ QStringList languageNames(const QString& folder) {
 
 OrvaneOptions::OrvaneOptions(AppState& state, QWidget* mainWindow) : QDialog(mainWindow), state_(state) {
     setObjectName("OrvaneOptions");
-    setFixedSize(kWidth, kHeight);
-    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    setWindowModality(Qt::ApplicationModal);
+    shapeModalWindow(this, mainWindow, QSize(kWidth, kHeight));
 
     title_ = new QLabel(this);
     title_->setProperty("controlId", 11161);
@@ -123,7 +121,6 @@ OrvaneOptions::OrvaneOptions(AppState& state, QWidget* mainWindow) : QDialog(mai
     connect(close_, &QPushButton::clicked, this, &QDialog::close);
 
     retitle();
-    placeOver(this, mainWindow);
 }
 
 void OrvaneOptions::retitle() {

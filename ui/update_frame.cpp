@@ -68,12 +68,16 @@ void placeOver(QWidget* window, const QWidget* over) {
     window->move(frame.topLeft());
 }
 
-UpdateWindowFrame::UpdateWindowFrame(QWidget* mainWindow, QSize size) : QDialog(mainWindow) {
-    setFixedSize(size);
+void shapeModalWindow(QDialog* window, QWidget* mainWindow, QSize size) {
+    window->setFixedSize(size);
     // Caption and close box; no minimise, maximise or help entries.
-    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    setWindowModality(Qt::ApplicationModal);
-    placeOver(this, mainWindow);
+    window->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    window->setWindowModality(Qt::ApplicationModal);
+    placeOver(window, mainWindow);
+}
+
+UpdateWindowFrame::UpdateWindowFrame(QWidget* mainWindow, QSize size) : QDialog(mainWindow) {
+    shapeModalWindow(this, mainWindow, size);
 }
 
 void UpdateWindowFrame::paintEvent(QPaintEvent*) {

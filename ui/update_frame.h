@@ -19,6 +19,10 @@ protected:
 // Centres `window` over `over` (or the screen) and keeps it inside the desktop.
 void placeOver(QWidget* window, const QWidget* over);
 
+// The shape of the modal windows of the main window: a fixed size, a caption with a
+// close box and nothing else, modal, placed over the main window.
+void shapeModalWindow(QDialog* window, QWidget* mainWindow, QSize size);
+
 // The header picture: a comet on the panel colour, 300 x 60.
 const QPixmap& headerPicture();
 

@@ -17,21 +17,12 @@ using Fault = TestServer::Fault;
 
 namespace {
 
-struct RecordingView : EphemerisInstallView {
-    void showScreen(const EphemerisInstallScreen& screen) override {
-        std::lock_guard lock(mutex);
-        screens.push_back(screen);
-    }
+struct RecordingView : EphemerisInstallView, ScreenRecorder<EphemerisInstallScreen> {
+    void showScreen(const EphemerisInstallScreen& screen) override { record(screen); }
     void fileInstalled(int file, int choice) override {
         std::lock_guard lock(mutex);
         installed.emplace_back(file, choice);
     }
-    EphemerisInstallScreen last() {
-        std::lock_guard lock(mutex);
-        return screens.empty() ? decltype(screens)::value_type{} : screens.back();
-    }
-    std::mutex mutex;
-    std::vector<EphemerisInstallScreen> screens;
     std::vector<std::pair<int, int>> installed;
 };
 

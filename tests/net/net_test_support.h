@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <mutex>
 #include <thread>
+#include <vector>
 
 #include "language/language_table.h"
 #include "support/temp_home.h"
@@ -17,6 +19,22 @@ struct NetFixtureServer : PublishedServer {
         ResetLanguage();
         EXPECT_TRUE(ready) << "orvane-publish failed; is " << machinePlanetaryFile() << " there (scripts/setup)?";
     }
+};
+
+// The screens a window's view was given, from the worker, in order.
+template <class Screen>
+struct ScreenRecorder {
+    void record(const Screen& screen) {
+        std::lock_guard lock(mutex);
+        screens.push_back(screen);
+    }
+    // The last screen; an empty one before the first.
+    Screen last() {
+        std::lock_guard lock(mutex);
+        return screens.empty() ? Screen{} : screens.back();
+    }
+    std::mutex mutex;
+    std::vector<Screen> screens;
 };
 
 // Waits up to `seconds` for `done` to hold.

@@ -22,18 +22,9 @@ using Fault = TestServer::Fault;
 
 namespace {
 
-struct RecordingView : ProgramUpdateView {
-    void showScreen(const ProgramUpdateScreen& screen) override {
-        std::lock_guard lock(mutex);
-        screens.push_back(screen);
-    }
+struct RecordingView : ProgramUpdateView, ScreenRecorder<ProgramUpdateScreen> {
+    void showScreen(const ProgramUpdateScreen& screen) override { record(screen); }
     void installerStarted() override { ++installers; }
-    ProgramUpdateScreen last() {
-        std::lock_guard lock(mutex);
-        return screens.empty() ? decltype(screens)::value_type{} : screens.back();
-    }
-    std::mutex mutex;
-    std::vector<ProgramUpdateScreen> screens;
     std::atomic<int> installers{0};
 };
 
