@@ -1,5 +1,6 @@
 #include "net/file_checks.h"
 
+#include <openssl/crypto.h>
 #include <openssl/evp.h>
 
 #include <cctype>
@@ -29,6 +30,8 @@ bool earthAtUsualDistance(Ephemeris& ephemeris, double jd) {
 }
 
 }  // namespace
+
+std::string ChecksumLibraryVersion() { return OpenSSL_version(OPENSSL_VERSION); }
 
 std::string Sha256OfFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);

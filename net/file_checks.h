@@ -5,6 +5,9 @@
 
 namespace orvane {
 
+// "OpenSSL 3.0.x ...": the library behind the checksums, for the About window.
+std::string ChecksumLibraryVersion();
+
 // SHA-256 of a file, 64 lower-case hexadecimal digits; "" when it cannot be read.
 std::string Sha256OfFile(const std::string& path);
 

@@ -219,6 +219,10 @@ CURLcode perform(CurlHandles& h, Transfer& t) {
 
 }  // namespace
 
+std::string TransferLibraryVersion() {
+    return std::string("libcurl ") + curl_version_info(CURLVERSION_NOW)->version;
+}
+
 std::string FetchUrl(const std::string& baseUrl, const std::string& fileName) {
     return std::string(trimmed(baseUrl)) + fileName;
 }

@@ -71,6 +71,9 @@ struct FetchResult {
 
 FetchResult HttpFetch(const FetchRequest& request);
 
+// "libcurl 7.88.1": the library behind every transfer, for the About window.
+std::string TransferLibraryVersion();
+
 // The URL of a file: the trimmed base and the name.
 std::string FetchUrl(const std::string& baseUrl, const std::string& fileName);
 

@@ -4,11 +4,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include <curl/curl.h>
-#include <openssl/crypto.h>
 #include <sqlite3.h>
 
 #include "net/file_checks.h"
+#include "net/http_fetch.h"
 #include "net/program_version.h"
 #include "ui/qt_text.h"
 #include "ui/update_frame.h"
@@ -43,8 +42,8 @@ QStringList libraryLines() {
     return {
         QStringLiteral("Qt %1 - GNU LGPL 3").arg(QString::fromLatin1(qVersion())),
         QStringLiteral("SQLite %1 - public domain").arg(QString::fromLatin1(sqlite3_libversion())),
-        QStringLiteral("libcurl %1 - curl licence (MIT/X style)").arg(QString::fromLatin1(curl_version_info(CURLVERSION_NOW)->version)),
-        QStringLiteral("%1 - Apache licence 2.0").arg(QString::fromLatin1(OpenSSL_version(OPENSSL_VERSION))),
+        QStringLiteral("%1 - curl licence (MIT/X style)").arg(QString::fromStdString(TransferLibraryVersion())),
+        QStringLiteral("%1 - Apache licence 2.0").arg(QString::fromStdString(ChecksumLibraryVersion())),
         QStringLiteral("GCC libquadmath and libstdc++ - GNU LGPL 2.1 / GPL 3 with the GCC runtime library exception"),
         QStringLiteral("JPL planetary and lunar ephemerides - NASA/JPL, free of charge"),
     };

@@ -233,6 +233,33 @@ TEST_F(ProgramUpdateTest, AReleaseTakenBackBeforeUpdateDownloadsNothing) {
     EXPECT_EQ(s.server->requests("/orvane/files/orvane-setup.deb.sha256"), 0);
 }
 
+TEST_F(ProgramUpdateTest, EachFaultOfThePackageGivesItsTextAndLeavesNothing) {
+    struct Case {
+        Fault fault;
+        std::string status;  // "" : back to the lines before the run
+    };
+    const Case cases[] = {
+        {Fault::notFound, "Update status: Administrative error, try to download later..."},
+        {Fault::serverError, "Update status: Administrative error, try to download later..."},
+        {Fault::htmlPage, "Update status: The package does not match its checksum and was deleted..."},
+        {Fault::cutBody, ""},
+    };
+    for (const Case& c : cases) {
+        s.server->setFault("/orvane/files/orvane-setup.deb", c.fault);
+        ProgramUpdate update(view, settings());
+        checked(update);
+        const ProgramUpdateScreen rest = view.last();
+        updated(update);
+        EXPECT_EQ(view.last().status, c.status.empty() ? rest.status : c.status);
+        EXPECT_EQ(view.last().availableLine, rest.availableLine);
+        EXPECT_EQ(view.last().title, "Installed and available versions of Orvane...");
+        EXPECT_TRUE(view.last().updateEnabled);
+        EXPECT_FALSE(fs::exists(record));
+        EXPECT_FALSE(fs::exists(update.packagePath()));
+        EXPECT_TRUE(partialFiles(s.work).empty());
+    }
+}
+
 TEST(ProgramUpdateStart, TheNextStartRemovesAStalePackageAndWorkFile) {
     TempHome home;
     AppState first;
